@@ -1,0 +1,58 @@
+# How every folder becomes a target: same language level, warnings and precompiled header everywhere.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/lib")
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual=1 -Werror)
+include_directories("${CMAKE_SOURCE_DIR}")
+
+find_program(ZOR_MOLD mold)
+if(ZOR_MOLD)
+    add_link_options(-fuse-ld=mold)
+endif()
+
+set(ZOR_SANITIZER "" CACHE STRING "address (with undefined), thread, or empty")
+if(ZOR_SANITIZER STREQUAL "address")
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+elseif(ZOR_SANITIZER STREQUAL "thread")
+    add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=thread)
+endif()
+
+# zor_sources(VARIABLE FOLDER...): the sources of these folders.
+function(zor_sources variable)
+    set(found "")
+    foreach(folder IN LISTS ARGN)
+        file(GLOB sources CONFIGURE_DEPENDS "${folder}/*.cpp")
+        list(APPEND found ${sources})
+    endforeach()
+    set(${variable} ${found} PARENT_SCOPE)
+endfunction()
+
+# zor_precompile(TARGET): the standard headers that nearly every file needs.
+function(zor_precompile target)
+    target_precompile_headers(${target} PRIVATE <algorithm> <functional> <map> <memory> <optional> <string>
+                              <string_view> <variant> <vector>)
+endfunction()
+
+# zor_tests(NAME FOLDER LIBRARY...): one GoogleTest program for a folder of tests, each test known to CTest.
+function(zor_tests name folder)
+    zor_sources(sources "${CMAKE_CURRENT_SOURCE_DIR}/${folder}")
+    if(NOT sources)
+        return()
+    endif()
+    add_executable(${name} ${sources})
+    target_link_libraries(${name} PRIVATE ${ARGN} GTest::gmock GTest::gtest GTest::gtest_main)
+    target_compile_definitions(${name} PRIVATE
+        ZOR_SOURCE_DIR="${CMAKE_SOURCE_DIR}" ZOR_BUILD_DIR="${CMAKE_BINARY_DIR}")
+    target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <memory> <string> <vector>)
+    add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()
