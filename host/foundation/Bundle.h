@@ -1,6 +1,7 @@
 #pragma once
 // A plug-in bundle: a folder with Info.plist, the loadable module and Resources/.
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -17,7 +18,7 @@ class ClassRecord;
 /// Bundles built for another version of the host's interface are refused.
 inline constexpr std::int64_t hostInterfaceVersion = 1;
 
-class Bundle {
+class Bundle : public std::enable_shared_from_this<Bundle> {
 public:
     /// Reads and checks Info.plist: "CFBundleIdentifier", "CFBundleShortVersionString", "CFBundleVersion" (a whole
     /// number), "CFBundleExecutable", "ZORInterfaceVersion", "ZORPrincipalClass", "ZORDocumentClass".
@@ -26,14 +27,16 @@ public:
     /// The bundle whose module declared the class; empty for the host's own classes.
     static std::shared_ptr<Bundle> bundleForClass(const ClassRecord& record);
 
-    /// Loads the module, whose classes register themselves. A module is never unloaded.
+    /// Loads the module, whose classes register themselves in static initialisers or in an exported C function
+    /// "zorRegisterClasses"; the principal and the document class must be among them. A module is never unloaded, and
+    /// its bundle lives as long as the process.
     Status load();
 
     const std::filesystem::path& folder() const { return folder_; }
     const std::string& identifier() const { return identifier_; }
     /// The value under an Info key as text, absent where there is none.
     std::optional<std::string> infoString(std::string_view key) const;
-    std::int64_t version() const;
+    std::int64_t version() const { return version_; }
     const std::string& principalClass() const { return principalClass_; }
     const std::string& documentClass() const { return documentClass_; }
     /// The file Resources/name.type, or none. A name with a path separator finds nothing.
@@ -45,6 +48,7 @@ private:
     std::filesystem::path folder_;
     Value info_;
     std::string identifier_;
+    std::int64_t version_ = 0;
     std::string principalClass_;
     std::string documentClass_;
     bool loaded_ = false;

@@ -37,11 +37,12 @@ public:
     /// An action without argument and result, or one that takes its sender or other convertible arguments.
     template <typename R, typename C, typename... Args>
     ClassBuilder& action(std::string name, R (C::*member)(Args...)) {
-        record_->actions_.push_back({std::move(name), [member](Object& object, std::span<const Value> arguments) {
-                                         return call<R, C, Args...>(static_cast<T&>(object), member, arguments,
-                                                                    std::index_sequence_for<Args...>{});
-                                     }});
-        return *this;
+        return addAction<R, Args...>(std::move(name), member);
+    }
+
+    template <typename R, typename C, typename... Args>
+    ClassBuilder& action(std::string name, R (C::*member)(Args...) const) {
+        return addAction<R, Args...>(std::move(name), member);
     }
 
     template <typename G, typename C>
@@ -73,11 +74,20 @@ private:
         };
     }
 
-    template <typename R, typename C, typename... Args, std::size_t... I>
-    static Value call(T& object, R (C::*member)(Args...), std::span<const Value> arguments,
-                      std::index_sequence<I...>) {
-        auto argument = [&](std::size_t index) { return index < arguments.size() ? arguments[index] : Value(); };
-        (void)argument;
+    template <typename R, typename... Args, typename Member>
+    ClassBuilder& addAction(std::string name, Member member) {
+        auto perform = [member](Object& object, std::span<const Value> arguments) {
+            return call<R, Args...>(static_cast<T&>(object), member, arguments, std::index_sequence_for<Args...>{});
+        };
+        record_->actions_.push_back({std::move(name), std::move(perform)});
+        return *this;
+    }
+
+    template <typename R, typename... Args, typename Member, std::size_t... I>
+    static Value call(T& object, Member member, std::span<const Value> arguments, std::index_sequence<I...>) {
+        [[maybe_unused]] auto argument = [&](std::size_t index) {
+            return index < arguments.size() ? arguments[index] : Value();
+        };
         if constexpr (std::is_void_v<R>) {
             (object.*member)(ValueConversion<std::remove_cvref_t<Args>>::orDefault(argument(I))...);
             return {};

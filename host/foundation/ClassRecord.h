@@ -61,7 +61,7 @@ private:
     std::function<ObjectPtr(std::span<const Value>)> initializer_;
     std::vector<ActionRecord> actions_;
     std::vector<PropertyRecord> properties_;
-    mutable std::weak_ptr<Bundle> bundle_;
+    std::weak_ptr<Bundle> bundle_;
 };
 
 }  // namespace zor

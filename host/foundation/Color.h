@@ -26,8 +26,10 @@ struct Color {
     static constexpr Color white() { return rgb(0xFFFFFF); }
     /// The system's plain grey.
     static constexpr Color gray() { return rgb(0x808080); }
+    /// The same colour with its alpha times `factor` (0 to 1; what lies outside counts as the nearer end).
     constexpr Color withAlpha(double factor) const {
-        return {red, green, blue, static_cast<std::uint8_t>(alpha * factor + 0.5)};
+        const double bounded = factor > 0 ? (factor < 1 ? factor : 1) : 0;
+        return {red, green, blue, static_cast<std::uint8_t>(alpha * bounded + 0.5)};
     }
     /// The mixture that is `amount` (0 to 1) of the way from this colour to the other.
     Color mixedWith(const Color& other, double amount) const;

@@ -40,6 +40,8 @@ private:
         std::string name;
         const Object* sender;
         Handler handler;
+        /// A round of telling that has begun passes it over.
+        bool removed = false;
     };
     std::vector<std::shared_ptr<Registration>> registrations_;
 };

@@ -5,6 +5,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <type_traits>
 
 #include "host/foundation/ClassRecord.h"
 #include "host/foundation/Value.h"

@@ -1,6 +1,7 @@
 #pragma once
 // One undo history. Each registration is one step.
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -17,7 +18,7 @@ public:
     /// The target is held weakly and handed to the handler; a step whose target is gone runs nothing.
     /// While undoing, a registration becomes a redo step; otherwise it is a new undo step and redoing ends.
     void registerUndoWithTarget(const ObjectPtr& target, std::function<void(Object& target)> handler);
-    /// Runs and drops the newest step; nothing where there is none.
+    /// Runs and drops the newest step; nothing where there is none, or from within a handler.
     void undo();
     void redo();
     bool canUndo() const { return !undoStack_.empty(); }

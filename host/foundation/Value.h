@@ -1,12 +1,15 @@
 #pragma once
 // A dynamically typed value: what archives hold, what named properties give and take.
 
+#include <concepts>
 #include <cstdint>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -37,7 +40,9 @@ public:
 
     Value() = default;
     Value(Null) : state_(Null{}) {}
-    Value(bool value) : state_(value) {}
+    /// Exactly a boolean, so that no pointer becomes one.
+    template <std::same_as<bool> B>
+    Value(B value) : state_(value) {}
     Value(int value) : state_(std::int64_t{value}) {}
     Value(std::int64_t value) : state_(value) {}
     Value(double value) : state_(value) {}
@@ -46,6 +51,7 @@ public:
     Value(std::string_view value) : state_(std::string(value)) {}
     Value(const char* value) : state_(std::string(value)) {}
     Value(Bytes value) : state_(std::make_shared<const Bytes>(std::move(value))) {}
+    /// An empty pointer gives the absent value, here and for containers and objects.
     Value(std::shared_ptr<const Bytes> value);
     Value(Array value) : state_(std::make_shared<const Array>(std::move(value))) {}
     Value(std::shared_ptr<const Array> value);
@@ -73,16 +79,20 @@ public:
     bool isDictionary() const;
     bool isObject() const { return std::holds_alternative<ObjectPtr>(state_); }
 
-    /// Each answers zero, false, empty or absent for a value of another kind. Numbers and booleans convert.
+    /// Each answers zero, false, empty or absent for a value of another kind. Numbers and booleans convert; a real
+    /// becomes an integer where it is whole and fits.
     bool asBool() const;
     std::int64_t asInteger() const;
     double asReal() const;
     const std::string& asString() const;
     Date asDate() const;
     const Bytes& asData() const;
+    /// The data itself, not a copy; empty for a value of another kind.
+    std::shared_ptr<const Bytes> sharedData() const;
     const Array& asArray() const;
     const Dictionary& asDictionary() const;
     ObjectPtr asObject() const;
+    /// An integer or a real, not a boolean.
     std::optional<double> number() const;
     std::optional<std::string> string() const;
     std::optional<Point> point() const;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/foundation/Object.h"
@@ -49,7 +50,10 @@ struct ValueConversion<T> : detail::WithDefault<T> {
 template <std::floating_point T>
 struct ValueConversion<T> : detail::WithDefault<T> {
     static Value to(T value) { return static_cast<double>(value); }
-    static std::optional<T> from(const Value& value) { return value.number(); }
+    static std::optional<T> from(const Value& value) {
+        const auto number = value.number();
+        return number ? std::optional(static_cast<T>(*number)) : std::nullopt;
+    }
 };
 
 template <>
@@ -81,9 +85,13 @@ template <typename T>
 struct ValueConversion<std::optional<T>> : detail::WithDefault<std::optional<T>> {
     static Value to(const std::optional<T>& value) { return value ? ValueConversion<T>::to(*value) : Value(); }
     static std::optional<std::optional<T>> from(const Value& value) {
-        if (value.isAbsent()) return std::optional<T>();
-        auto inner = ValueConversion<T>::from(value);
-        return inner ? std::optional(std::optional<T>(std::move(*inner))) : std::nullopt;
+        std::optional<std::optional<T>> result;
+        if (value.isAbsent()) {
+            result.emplace();
+        } else if (auto inner = ValueConversion<T>::from(value)) {
+            result.emplace(std::move(*inner));
+        }
+        return result;
     }
 };
 

@@ -1,0 +1,34 @@
+#include "host/foundation/Font.h"
+
+#include <cmath>
+
+namespace zor {
+
+Font Font::named(std::string_view name, double size) {
+    // The style word stands last, and a family of its own must remain before it.
+    const auto takeStyle = [&name](std::string_view style) {
+        if (name.size() <= style.size() || !name.ends_with(style)) return false;
+        name.remove_suffix(style.size());
+        return true;
+    };
+    Font font;
+    font.italic = takeStyle(" Italic");
+    font.bold = takeStyle(" Bold");
+    font.family = name;
+    font.size = size;
+    return font;
+}
+
+Value ValueConversion<Font>::to(const Font& value) {
+    return Value::Dictionary{
+        {"family", value.family}, {"size", value.size}, {"bold", value.bold}, {"italic", value.italic}};
+}
+
+std::optional<Font> ValueConversion<Font>::from(const Value& value) {
+    const auto family = value["family"].string();
+    const auto size = value["size"].number();
+    if (!family || family->empty() || !size || !std::isfinite(*size) || *size <= 0) return {};
+    return Font{*family, *size, value["bold"].asBool(), value["italic"].asBool()};
+}
+
+}  // namespace zor

@@ -1,0 +1,143 @@
+// The text of points, sizes and rectangles, and of the numbers in them, whatever the locale.
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <span>
+
+#include "host/foundation/Geometry.h"
+
+namespace zor {
+
+namespace {
+
+std::string pairText(double first, double second) {
+    return "{" + shortestNumber(first) + ", " + shortestNumber(second) + "}";
+}
+
+/// Reads one pass from left to right; each step says whether it found what it looks for, spaces before it skipped.
+class TextReader {
+public:
+    explicit TextReader(std::string_view text) : rest_(text) {}
+
+    bool accept(char wanted) {
+        skipSpace();
+        if (!rest_.starts_with(wanted)) return false;
+        rest_.remove_prefix(1);
+        return true;
+    }
+
+    bool acceptWord(std::string_view wanted) {
+        skipSpace();
+        if (!rest_.starts_with(wanted)) return false;
+        rest_.remove_prefix(wanted.size());
+        return true;
+    }
+
+    bool number(double& value) {
+        skipSpace();
+        if (rest_.starts_with('+') && !rest_.starts_with("+-")) rest_.remove_prefix(1);
+        const auto [end, error] = std::from_chars(rest_.data(), rest_.data() + rest_.size(), value);
+        if (error != std::errc{}) return false;
+        rest_.remove_prefix(static_cast<std::size_t>(end - rest_.data()));
+        return true;
+    }
+
+    /// "{a, b}"
+    bool pair(double& first, double& second) {
+        return accept('{') && number(first) && accept(',') && number(second) && accept('}');
+    }
+
+    bool atEnd() {
+        skipSpace();
+        return rest_.empty();
+    }
+
+private:
+    void skipSpace() {
+        const auto start = rest_.find_first_not_of(" \t\r\n\f\v");
+        rest_.remove_prefix(start == std::string_view::npos ? rest_.size() : start);
+    }
+
+    std::string_view rest_;
+};
+
+struct NamedNumber {
+    std::string_view name;
+    double value = 0;
+    bool found = false;
+};
+
+/// "{name = number; ...}": every name once, in any order, the last semicolon optional.
+bool readNamed(std::string_view text, std::span<NamedNumber> numbers) {
+    TextReader reader(text);
+    if (!reader.accept('{')) return false;
+    for (std::size_t count = 0; count < numbers.size(); ++count) {
+        if (count > 0 && !reader.accept(';')) return false;
+        auto wanted = numbers.begin();
+        while (wanted != numbers.end() && !reader.acceptWord(wanted->name)) ++wanted;
+        if (wanted == numbers.end() || wanted->found) return false;
+        wanted->found = true;
+        if (!reader.accept('=') || !reader.number(wanted->value)) return false;
+    }
+    reader.accept(';');
+    return reader.accept('}') && reader.atEnd();
+}
+
+std::optional<Point> readPair(std::string_view text, std::string_view firstName, std::string_view secondName) {
+    Point pair;
+    TextReader reader(text);
+    if (reader.pair(pair.x, pair.y) && reader.atEnd()) return pair;
+    std::array<NamedNumber, 2> named{{{firstName}, {secondName}}};
+    if (!readNamed(text, named)) return {};
+    return Point{named[0].value, named[1].value};
+}
+
+}  // namespace
+
+std::string shortestNumber(double value) {
+    if (std::isnan(value)) return "nan";
+    // A plain number reads better than an exponent, as long as it stays short.
+    const double magnitude = std::abs(value);
+    const bool plain = magnitude == 0 || (magnitude >= 1e-6 && magnitude < 1e17);
+    std::array<char, 64> digits;
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                       plain ? std::chars_format::fixed : std::chars_format::scientific);
+    return {digits.data(), written.ptr};
+}
+
+std::string stringFromPoint(Point point) {
+    return pairText(point.x, point.y);
+}
+
+std::string stringFromSize(Size size) {
+    return pairText(size.width, size.height);
+}
+
+std::string stringFromRect(const Rect& rect) {
+    return "{" + stringFromPoint(rect.origin()) + ", " + stringFromSize(rect.size()) + "}";
+}
+
+Point pointFromString(std::string_view text) {
+    return readPair(text, "x", "y").value_or(Point{});
+}
+
+Size sizeFromString(std::string_view text) {
+    const Point pair = readPair(text, "width", "height").value_or(Point{});
+    return {pair.x, pair.y};
+}
+
+Rect rectFromString(std::string_view text) {
+    Rect rect;
+    TextReader reader(text);
+    if (reader.accept('{') && reader.pair(rect.x, rect.y) && reader.accept(',') &&
+        reader.pair(rect.width, rect.height) && reader.accept('}') && reader.atEnd()) {
+        return rect;
+    }
+    std::array<NamedNumber, 4> named{{{"x"}, {"y"}, {"width"}, {"height"}}};
+    if (!readNamed(text, named)) return {};
+    return {named[0].value, named[1].value, named[2].value, named[3].value};
+}
+
+}  // namespace zor
