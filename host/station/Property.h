@@ -1,0 +1,81 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/foundation/Object.h"
+#include "host/station/Reading.h"
+#include "host/station/Units.h"
+
+namespace zor {
+
+/// Told when a property's value, unit or freshness changed.
+class PropertyObserver {
+public:
+    virtual ~PropertyObserver() = default;
+    virtual void propertyDidChange() = 0;
+};
+
+/// One named measurement of a station.
+class Property : public Object {
+public:
+    static const ClassRecord& staticClass();
+    const ClassRecord& classRecord() const override { return staticClass(); }
+
+    Property() = default;
+    Property(std::string name, std::string displayName, Quantity quantity);
+
+    std::string propertyName() const { return name_; }
+    std::string displayName() const { return displayName_; }
+    Quantity quantity() const { return quantity_; }
+    const Unit& unit() const { return *unit_; }
+    /// A unit of another quantity is ignored.
+    void setUnit(const Unit& unit);
+
+    /// In the base unit; nothing where there is none or it is too old. What is not plausible becomes no value.
+    std::optional<double> value() const;
+    std::optional<double> valueInUnit() const;
+    Seconds receivedAt() const { return receivedAt_; }
+    void setValue(std::optional<double> baseValue, Seconds receivedAt);
+    /// Seconds after which a value counts as too old; 0 for never.
+    void setLifetime(Seconds lifetime) { lifetime_ = lifetime; }
+    bool isStale() const;
+
+    /// The value as text by the name of a format (see ValueFormats.h); "--" without a value.
+    std::string stringForFormat(std::string_view format) const;
+
+    void addObserver(PropertyObserver* observer) { observers_.push_back(observer); }
+    void removeObserver(PropertyObserver* observer);
+    void notifyObservers();
+
+    void encodeWithCoder(Encoder& encoder) override;
+    bool initWithCoder(Decoder& decoder) override;
+
+private:
+    std::string name_;
+    std::string displayName_;
+    Quantity quantity_ = Quantity::none;
+    const Unit* unit_ = &baseUnit(Quantity::none);
+    std::optional<double> value_;
+    Seconds receivedAt_ = 0;
+    Seconds lifetime_ = 0;
+    std::vector<PropertyObserver*> observers_;
+};
+
+/// What shows a property: every instrument that answers "setProperty:".
+class PropertyClient {
+public:
+    virtual ~PropertyClient() = default;
+    virtual std::shared_ptr<Property> property() const = 0;
+    /// An empty pointer unlinks and forgets the name.
+    virtual void setProperty(const std::shared_ptr<Property>& property) = 0;
+    /// The name that is stored, also where the agent lacks it; nothing where there is none.
+    virtual std::optional<std::string> propertyName() const = 0;
+    /// Keeps the name and links to the property of that name where `property` is given.
+    virtual void linkProperty(const std::string& name, const std::shared_ptr<Property>& property) = 0;
+};
+
+}  // namespace zor

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+#include "host/foundation/Bundle.h"
+#include "host/foundation/Result.h"
+#include "host/station/SiteWindowController.h"
+
+namespace zor {
+
+/// One station with its plug-ins: what is saved and opened as a whole.
+class SiteDocument : public Object {
+public:
+    static const ClassRecord& staticClass();
+    const ClassRecord& classRecord() const override { return staticClass(); }
+
+    /// A new document: one entry plug-in of each bundle, no dashboards.
+    static std::shared_ptr<SiteDocument> create(const std::shared_ptr<Agent>& agent,
+                                                const std::vector<std::shared_ptr<Bundle>>& bundles);
+    /// Reads a saved document whole; entry plug-ins of bundles it does not know are added. The error names the file
+    /// and the fault.
+    static Result<std::shared_ptr<SiteDocument>> open(const std::filesystem::path& file,
+                                                      const std::vector<std::shared_ptr<Bundle>>& bundles);
+    static Result<std::shared_ptr<SiteDocument>> fromArchive(std::span<const std::uint8_t> data,
+                                                             const std::vector<std::shared_ptr<Bundle>>& bundles);
+    /// Written beside and moved into place; a document that cannot be saved stays dirty.
+    Status save(const std::filesystem::path& file);
+    Result<Bytes> archive();
+
+    const std::shared_ptr<Agent>& agent() const { return agent_; }
+    const std::shared_ptr<SiteWindowController>& siteWindowController() const { return siteWindowController_; }
+    /// The site window's controller first, then those of separate windows.
+    std::vector<std::shared_ptr<WindowController>> windowControllers() const;
+    void addWindowController(const std::shared_ptr<WindowController>& controller);
+    void removeWindowController(const WindowController* controller);
+    /// One per bundle.
+    const std::vector<std::shared_ptr<ZORPlugIn>>& entryPlugIns() const { return entryPlugIns_; }
+
+    const std::filesystem::path& file() const { return file_; }
+    bool isDirty() const { return dirty_; }
+    void setDirty(bool dirty);
+    void setDirtyObserver(std::function<void()> observer) { dirtyObserver_ = std::move(observer); }
+    /// Tells every plug-in willUnload; afterwards the document only waits to be released.
+    void close();
+
+    void encodeWithCoder(Encoder& encoder) override;
+    bool initWithCoder(Decoder& decoder) override;
+
+private:
+    void adopt(const std::shared_ptr<Agent>& agent);
+    void addEntryPlugIns(const std::vector<std::shared_ptr<Bundle>>& bundles);
+
+    std::shared_ptr<Agent> agent_;
+    std::shared_ptr<SiteWindowController> siteWindowController_;
+    std::vector<std::shared_ptr<WindowController>> separateWindows_;
+    std::vector<std::shared_ptr<ZORPlugIn>> entryPlugIns_;
+    std::filesystem::path file_;
+    std::function<void()> dirtyObserver_;
+    bool dirty_ = false;
+    bool closed_ = false;
+};
+
+}  // namespace zor
