@@ -62,6 +62,25 @@ struct ValueConversion<std::string> : detail::WithDefault<std::string> {
     static std::optional<std::string> from(const Value& value) { return value.string(); }
 };
 
+/// An empty pointer is absent.
+template <>
+struct ValueConversion<std::shared_ptr<const Bytes>> : detail::WithDefault<std::shared_ptr<const Bytes>> {
+    static Value to(const std::shared_ptr<const Bytes>& value) { return value ? Value(value) : Value(); }
+    static std::optional<std::shared_ptr<const Bytes>> from(const Value& value) {
+        if (!value.isData()) return std::nullopt;
+        return std::make_shared<const Bytes>(value.asData());
+    }
+};
+
+template <>
+struct ValueConversion<std::shared_ptr<const Value::Array>> : detail::WithDefault<std::shared_ptr<const Value::Array>> {
+    static Value to(const std::shared_ptr<const Value::Array>& value) { return value ? Value(value) : Value(); }
+    static std::optional<std::shared_ptr<const Value::Array>> from(const Value& value) {
+        if (!value.isArray()) return std::nullopt;
+        return std::make_shared<const Value::Array>(value.asArray());
+    }
+};
+
 template <>
 struct ValueConversion<Point> : detail::WithDefault<Point> {
     static Value to(Point value) { return value; }

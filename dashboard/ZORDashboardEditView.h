@@ -1,0 +1,70 @@
+#pragma once
+
+#include <ranges>
+
+#include "host/instruments/ZORImageView.h"
+#include "host/instruments/ZORWidgetHostView.h"
+
+namespace zor {
+
+/// The canvas of one dashboard. Its children are the widgets; child order is stacking order, first = bottom.
+class ZORDashboardEditView : public ZORImageView {
+public:
+    static const ClassRecord& staticClass();
+    const ClassRecord& classRecord() const override { return staticClass(); }
+
+    ZORDashboardEditView() = default;
+    static std::shared_ptr<ZORDashboardEditView> initWithFrame(const Rect& frame);
+    bool initWithCoder(Decoder& decoder) override;
+    void encodeWithCoder(Encoder& encoder) override;
+    /// Copies every widget too; the copies keep the editable state of their own.
+    ObjectPtr copy() override;
+
+    /// The dashboard is being edited: widgets are editable and the grid may show.
+    bool editMode() const { return editMode_; }
+    /// Hands the flag to every widget and switches the grid on, whatever the flag is.
+    void setEditMode(bool editMode);
+    /// Only takes effect in edit mode.
+    bool drawGridLines() const { return drawGridLines_; }
+    void setDrawGridLines(bool draw) { drawGridLines_ = draw; }
+    /// Grid spacing in points, at least 1.
+    double step() const { return step_; }
+    void setStep(double step) { step_ = step; }
+
+    /// The widgets in stacking order.
+    auto widgets() const {
+        return subviews() | std::views::transform([](const std::shared_ptr<View>& view) -> ZORWidgetHostView& {
+                   return static_cast<ZORWidgetHostView&>(*view);
+               });
+    }
+    /// On top, then numbers every widget with its 1-based position. A view that is no widget is not taken.
+    void addSubview(const std::shared_ptr<View>& widget) override;
+
+    void drawRect(DrawingContext& context, const Rect& dirty) override;
+    /// Fits the image into the parent's bounds first, keeping its aspect ratio.
+    void setImage(const std::shared_ptr<Image>& image) override;
+
+    std::string kind() const override { return {}; }
+    bool isCanvas() const override { return true; }
+    double minWidth() const override;
+    double minHeight() const override;
+    bool isFlipped() const override { return true; }
+    bool acceptsFirstResponder() const override { return true; }
+    void keyDown(const EventPtr& event) override;
+    const SettingList& widgetProperties() const override { return ZORImageView::widgetProperties(); }
+    bool showPositionProperties() const override { return false; }
+    std::string description() const { return "Edit View"; }
+
+private:
+    void initCommon() { step_ = 20.0; }
+    void drawGrid(DrawingContext& context) const;
+    void forwardCopy(const ObjectPtr& sender) { forward("copy:", sender); }
+    void forwardPaste(const ObjectPtr& sender) { forward("paste:", sender); }
+    void forward(std::string_view action, const ObjectPtr& sender);
+
+    bool editMode_ = false;
+    bool drawGridLines_ = false;
+    double step_ = 20.0;
+};
+
+}  // namespace zor

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <mutex>
+#include <optional>
+#include <string>
+
+#include "dashboard/ZORDashboardPlugIn.h"
+#include "host/views/Controls.h"
+
+namespace zor {
+
+/// The plug-in's entry object, one per Site Document: toolbar item, catalogue, builders of the built-in dashboards.
+class ZORDashboardToolbarPlugIn : public ZORPlugIn {
+public:
+    static const ClassRecord& staticClass();
+    const ClassRecord& classRecord() const override { return staticClass(); }
+
+    /// Activates the plug-in's fonts, once per process however often it is called.
+    static void initialize();
+    static std::shared_ptr<ZORDashboardToolbarPlugIn> initWithAgent(
+        const std::shared_ptr<Agent>& agent, const std::shared_ptr<SiteWindowController>& siteWindowController);
+    bool initWithCoder(Decoder& decoder) override;
+    void encodeWithCoder(Encoder& encoder) override;
+
+    // Builders
+    std::shared_ptr<ZORDashboardPlugIn> currentWeatherPlugIn();
+    std::shared_ptr<ZORDashboardPlugIn> cleanSlatePlugIn();
+    std::shared_ptr<ZORDashboardPlugIn> standardDashboardPlugIn();
+    std::shared_ptr<ZORDashboardPlugIn> quadPlotsPlugIn();
+
+    // Catalogue
+    /// Five dictionaries {"title", "selector" or "filename", "description"}, the same array for the whole process.
+    std::shared_ptr<const Value::Array> dashboardsArray();
+    /// A new dashboard for a row of the catalogue, added nowhere; empty where its resource is missing. A row outside
+    /// the catalogue is a programmer's error and gives nothing.
+    std::shared_ptr<ZORDashboardPlugIn> dashboardForRow(std::size_t row);
+
+    void didLoad() override { ZORPlugIn::didLoad(); }
+    void willUnload() override { ZORPlugIn::willUnload(); }
+
+    std::shared_ptr<ToolbarItem> toolbarItem() override;
+
+    // Descriptions
+    std::string name() const override { return "Dashboard"; }
+    std::string textDescription() const override;
+    std::string htmlDescription() const override;
+    std::optional<std::string> xmlDescription() const override { return {}; }
+    std::optional<std::string> jsonDescription() const override { return {}; }
+    std::shared_ptr<Image> icon() const override;
+    Value group() const override { return 0; }
+    void showHelp() override;
+
+    // Fields; the outlets are held weakly
+    std::optional<std::string> lastUsedTitle() const { return lastUsedTitle_; }
+    void setLastUsedTitle(std::optional<std::string> title) { lastUsedTitle_ = std::move(title); }
+    std::shared_ptr<Window> configurationWindow() const { return configurationWindow_.lock(); }
+    void setConfigurationWindow(const std::shared_ptr<Window>& window) { configurationWindow_ = window; }
+    std::shared_ptr<View> page1() const { return page1_.lock(); }
+    void setPage1(const std::shared_ptr<View>& page) { page1_ = page; }
+    std::shared_ptr<View> page2() const { return page2_.lock(); }
+    void setPage2(const std::shared_ptr<View>& page) { page2_ = page; }
+    std::shared_ptr<TableView> tableView() const { return tableView_.lock(); }
+    void setTableView(const std::shared_ptr<TableView>& table) { tableView_ = table; }
+    std::shared_ptr<View> detailView() const { return detailView_.lock(); }
+    void setDetailView(const std::shared_ptr<View>& view) { detailView_ = view; }
+    std::shared_ptr<TextField> descriptionView() const { return descriptionView_.lock(); }
+    void setDescriptionView(const std::shared_ptr<TextField>& field) { descriptionView_ = field; }
+    std::optional<std::string> dashboardTitle() const { return dashboardTitle_; }
+    void setDashboardTitle(std::optional<std::string> title) { dashboardTitle_ = std::move(title); }
+
+private:
+    /// The hook that both initialisers call last.
+    void initCommon() {}
+    std::shared_ptr<ZORDashboardPlugIn> dashboardFromResource(const std::string& filename);
+
+    std::optional<std::string> lastUsedTitle_;
+    std::weak_ptr<Window> configurationWindow_;
+    std::weak_ptr<View> page1_;
+    std::weak_ptr<View> page2_;
+    std::weak_ptr<TableView> tableView_;
+    std::weak_ptr<View> detailView_;
+    std::weak_ptr<TextField> descriptionView_;
+    std::optional<std::string> dashboardTitle_;
+    std::recursive_mutex monitor_;
+};
+
+}  // namespace zor
