@@ -18,6 +18,10 @@ if(ZOR_MOLD)
 endif()
 
 set(ZOR_SANITIZER "" CACHE STRING "address (with undefined), thread, or empty")
+if(ZOR_SANITIZER)
+    # The sanitizers' own code makes this warning see uninitialised values that are none.
+    add_compile_options(-Wno-maybe-uninitialized)
+endif()
 if(ZOR_SANITIZER STREQUAL "address")
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
