@@ -40,11 +40,15 @@ public:
     std::int64_t selectedRow() const { return selectedRow_; }
     /// Replaces the selection without asking the delegate; a row outside the list selects none.
     void selectRow(std::int64_t row);
-    /// As a click does: asks the delegate, selects if it allows. False where it does not or the row is not there.
+    /// As a click does: asks the delegate, selects unless it forbids. False where it does not or the row is not there.
     bool clickRow(std::int64_t row);
+    /// Told after rows or selection were set.
     void setObserver(std::function<void()> observer) { observer_ = std::move(observer); }
 
 private:
+    bool hasRow(std::int64_t row) const;
+    void changed();
+
     std::vector<std::string> rows_;
     std::weak_ptr<Object> delegate_;
     std::int64_t selectedRow_ = -1;

@@ -25,6 +25,8 @@ public:
 
     const std::string& title() const { return title_; }
     const std::vector<MenuItem>& items() const { return items_; }
+    /// For inspection: {"title", "action"} or {"separator": true} each.
+    Value itemDescriptions() const;
     void addItem(std::string title, std::string action, std::string keyEquivalent, const ObjectPtr& target);
     void addSeparator();
     /// Performs the item's action on its target with the menu as sender; false where there is no such item.

@@ -16,11 +16,15 @@ public:
         Point points[3];
     };
 
+    static std::size_t pointCount(Verb verb) { return verb == Verb::curve ? 3 : verb == Verb::close ? 0 : 1; }
+
     Path& moveTo(Point point);
+    /// Begins a subpath where none has begun, as curveTo does at its first control point.
     Path& lineTo(Point point);
     Path& curveTo(Point control1, Point control2, Point end);
     Path& close();
-    /// Angles in degrees, clockwise on screen from the positive x axis; joined by a line where the path has begun.
+    /// Angles in degrees, clockwise on screen from the positive x axis, at most one turn; joined by a line to the
+    /// subpath that has begun.
     Path& arc(Point center, double radius, double startDegrees, double endDegrees);
     Path& addRect(const Rect& rect);
     Path& addRoundedRect(const Rect& rect, double radius);
@@ -29,12 +33,17 @@ public:
 
     bool isEmpty() const { return elements_.empty(); }
     const std::vector<Element>& elements() const { return elements_; }
+    /// The smallest rectangle around all points, control points included.
+    Rect bounds() const;
     static Path rect(const Rect& rect) { return Path().addRect(rect); }
     static Path oval(const Rect& rect) { return Path().addOval(rect); }
     static Path circle(Point center, double radius);
     static Path roundedRect(const Rect& rect, double radius) { return Path().addRoundedRect(rect, radius); }
 
 private:
+    bool isOpen() const;
+    Path& addQuarter(Point from, Point corner, Point end);
+
     std::vector<Element> elements_;
 };
 

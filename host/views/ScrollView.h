@@ -18,11 +18,14 @@ public:
     static constexpr double rulerThickness = 20;
 
     bool hasBorder() const { return border_; }
-    void setHasBorder(bool border) { border_ = border; }
+    void setHasBorder(bool border);
     bool hasVerticalRuler() const { return verticalRuler_; }
     void setHasVerticalRuler(bool ruler);
 
-    const std::shared_ptr<View>& documentView() const { return documentView_; }
+    /// Shown with its top left corner at the viewport's, less the offset, whatever its frame's origin. None where it
+    /// has left the receiver.
+    std::shared_ptr<View> documentView() const;
+    /// Replaces the one before.
     void setDocumentView(const std::shared_ptr<View>& view);
 
     /// What is left of the bounds for the document, in the receiver's coordinates.
@@ -37,18 +40,24 @@ public:
 
     /// Room for the toolkit's scrollers at the right and bottom edges.
     void setScrollerRoom(Size room);
-    /// Told when viewport, document size or offset change.
+    /// Told after viewport, document size or offset change.
     void setObserver(std::function<void()> observer) { observer_ = std::move(observer); }
 
+    Rect childrenClip() const override { return viewport(); }
+    Point childrenOrigin() const override;
     void layout() override;
-    View* hitTest(Point point) override;
     void scrollWheel(const EventPtr& event) override;
     void drawRect(DrawingContext& context, const Rect& dirty) override;
 
-private:
-    void placeDocument();
+protected:
+    void childDidChangeFrame(const View& child) override;
 
-    std::shared_ptr<View> documentView_;
+private:
+    void geometryChanged();
+    Point bounded(Point offset) const;
+    void drawRuler(DrawingContext& context, const Rect& dirty) const;
+
+    std::weak_ptr<View> documentView_;
     Point offset_;
     Size scrollerRoom_;
     std::function<void()> observer_;

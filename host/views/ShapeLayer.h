@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
@@ -28,7 +29,7 @@ public:
     const ClassRecord& classRecord() const override { return staticClass(); }
 
     const std::optional<Path>& path() const { return path_; }
-    /// The corners of the path for inspection: each of its points in order.
+    /// The points of the path in order, for inspection; none without a path.
     std::vector<Point> pathPoints() const;
     void setPath(std::optional<Path> path);
     double lineWidth() const { return lineWidth_; }
@@ -40,10 +41,16 @@ public:
     std::vector<std::int64_t> lineDashPattern() const { return dash_; }
     void setLineDashPattern(std::vector<std::int64_t> pattern) { dash_ = std::move(pattern); }
 
-    void addAnimation(BasicAnimation animation, const std::string& key) { animations_[key] = std::move(animation); }
+    void addAnimation(BasicAnimation animation, const std::string& key);
     const std::map<std::string, BasicAnimation>& animations() const { return animations_; }
     /// The value of an animated number `seconds` after the animation began; `fallback` where none animates it.
     double animatedValue(std::string_view keyPath, double seconds, double fallback) const;
+
+    /// The first animation as {"keyPath", "from", "to", "duration", "repeats", "key"}, absent without one; "repeats" is
+    /// "infinite" or 1.
+    Value animationDescription() const;
+    /// Since the last animation was added; 0 without one.
+    double secondsRunning() const;
 
     View* superlayerView() const { return view_; }
     void removeFromSuperlayer();
@@ -52,12 +59,15 @@ public:
 
 private:
     friend class View;
+    void redisplay() const;
+
     std::optional<Path> path_;
     double lineWidth_ = 1;
     Color strokeColor_ = Color::black();
     Color fillColor_ = Color::black();
     std::vector<std::int64_t> dash_;
     std::map<std::string, BasicAnimation> animations_;
+    std::chrono::steady_clock::time_point animationsBegan_;
     View* view_ = nullptr;
 };
 

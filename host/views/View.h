@@ -31,6 +31,8 @@ public:
     virtual bool isFlipped() const { return true; }
 
     View* superview() const { return superview_; }
+    /// Whether the receiver is `other` or lies somewhere below it.
+    bool isDescendantOf(const View& other) const;
     const std::vector<std::shared_ptr<View>>& subviews() const { return subviews_; }
     /// On top of the others; a view that is already a child moves to the top, one of another parent leaves it.
     /// A view is never added to itself or to a view inside it.
@@ -40,13 +42,14 @@ public:
     void replaceSubview(const std::shared_ptr<View>& old, const std::shared_ptr<View>& replacement);
     /// Stable; `compare` gives -1, 0 or 1.
     void sortSubviews(const std::function<int(const View&, const View&)>& compare);
-    /// Reads children back with the order stored, without what addSubview does beside.
+    /// Appends children read back, with the order stored and without what addSubview does beside; they are told of
+    /// nothing before the whole tree enters another. A view that has a parent or is the root of this tree is left out.
     void restoreSubviews(std::vector<std::shared_ptr<View>> views);
 
     bool isHidden() const { return hidden_; }
     void setHidden(bool hidden);
 
-    /// The parent, unless another next responder was set.
+    /// The one set while it lives, else the parent, else the window.
     Responder* nextResponder() const override;
     void setNextResponder(const std::shared_ptr<Responder>& responder) { nextResponder_ = responder; }
 
@@ -73,6 +76,10 @@ public:
     /// The view and all below it that touch `dirty` (own coordinates), clipped to each view's bounds where it clips.
     void displayTree(DrawingContext& context, const Rect& dirty, bool withOverlays);
     virtual bool clipsToBounds() const { return true; }
+    /// Where the children of a view that clips show and are hit, in its own coordinates.
+    virtual Rect childrenClip() const { return bounds(); }
+    /// Where the children's coordinates begin, in the receiver's own: away from (0, 0) only in a view that scrolls.
+    virtual Point childrenOrigin() const { return {}; }
     void setNeedsDisplay(bool needed);
     void setNeedsDisplayInRect(const Rect& rect);
 
@@ -94,16 +101,33 @@ public:
     const std::vector<std::shared_ptr<ShapeLayer>>& sublayers() const;
     void addSublayer(const std::shared_ptr<ShapeLayer>& layer);
     void removeSublayer(const ShapeLayer* layer);
+    /// Asks for the redrawing of every animated layer of the subtree that shows; false where there is none, so that a
+    /// toolkit's timer may rest.
+    bool redisplayAnimatedLayers();
 
     void encodeWithCoder(Encoder& encoder) override;
     bool initWithCoder(Decoder& decoder) override;
 
+protected:
+    /// Called after a child has taken another frame.
+    virtual void childDidChangeFrame(const View& /*child*/) {}
+
 private:
+    /// What few views have, so that the others stay small.
     struct Extras;
     Extras& extras();
-    void setSuperview(View* superview);
-    void announceMove(bool windowChanged);
-    bool isInside(const View& other) const;
+    const View& root() const;
+    bool mayAdopt(const View* view) const;
+    void leaveTree();
+    std::size_t indexOf(const View& child) const;
+    void insertChild(std::shared_ptr<View> child, std::size_t index);
+    void takeChild(std::size_t index);
+    void announce(void (View::*hook)());
+    Point originInParent() const;
+    Point originInWindow() const;
+    void drawSubtree(DrawingContext& context, const Rect& dirty, bool withOverlays);
+    void drawChildren(DrawingContext& context, const Rect& visible, bool withOverlays);
+    void drawPicture(DrawingContext& context, const Rect& rect);
 
     Rect frame_;
     View* superview_ = nullptr;

@@ -40,14 +40,16 @@ public:
     void setTitle(const std::string& title);
     /// Screen coordinates, origin at the bottom left.
     const Rect& frame() const { return frame_; }
-    /// Without redisplay and animation.
+    /// Without redisplay and animation; the content keeps its frame.
     void setFrame(const Rect& frame);
     bool isVisible() const { return visible_; }
     void show();
+    /// Ends its sheet with code 0.
     void close();
     void orderOut() { close(); }
 
     const std::shared_ptr<View>& contentView() const { return contentView_; }
+    /// Takes the view out of where it was. It has no controller then.
     void setContentView(const std::shared_ptr<View>& view);
     /// The responder whose view is the content view, such as a plug-in; may be absent.
     const std::shared_ptr<Responder>& contentViewController() const { return contentViewController_; }
@@ -62,9 +64,10 @@ public:
     /// responder, the wheel to the view under the pointer.
     void sendEvent(const EventPtr& event);
     /// Whether a left press awaits its release.
-    bool hasPressedView() const { return !pressedView_.expired(); }
+    bool hasPressedView() const { return pressAwaitsRelease_; }
 
-    /// A sheet on this window; the completion takes its return code when it ends.
+    /// A sheet on this window; the completion takes its return code when it ends. A sheet that it has already ends
+    /// first, with code 0.
     void beginSheet(const std::shared_ptr<Window>& sheet, std::function<void(int)> completion);
     /// Nothing where `sheet` is not this window's sheet. The sheet is gone before its completion runs.
     void endSheet(const std::shared_ptr<Window>& sheet, int returnCode);
@@ -79,6 +82,9 @@ public:
     void keyDown(const EventPtr&) override {}
 
 private:
+    void placeContent(std::shared_ptr<View> view, std::shared_ptr<Responder> controller);
+    void makePeer();
+
     std::shared_ptr<WindowPeer> peer_;
     std::string title_;
     Rect frame_;
@@ -86,7 +92,9 @@ private:
     std::shared_ptr<View> contentView_;
     std::shared_ptr<Responder> contentViewController_;
     std::weak_ptr<Responder> firstResponder_;
+    /// Takes drags and releases, also after it has left the tree.
     std::weak_ptr<View> pressedView_;
+    bool pressAwaitsRelease_ = false;
     std::shared_ptr<Window> sheet_;
     std::function<void(int)> sheetCompletion_;
 };
