@@ -5,6 +5,7 @@
 #include <map>
 
 #include "host/foundation/ClassRegistry.h"
+#include "host/foundation/FoundationClasses.h"
 #include "host/foundation/Object.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -19,6 +20,7 @@ using testing::StartsWith;
 class BundleTest : public testing::Test {
 protected:
     BundleTest() {
+        registerFoundationClasses();
         text("CFBundleIdentifier", "test.sample");
         text("CFBundleShortVersionString", "2.5");
         text("CFBundleExecutable", "module.so");
@@ -178,7 +180,6 @@ TEST_F(BundleTest, ModuleMustDeclareTheClassesNamed) {
 }
 
 TEST_F(BundleTest, ClassOfTheHostIsNotTheModules) {
-    Object::staticClass();
     classes("Object", "Object");
     const auto bundle = openWithModule(ZOR_FunctionModule);
     ASSERT_TRUE(bundle);
