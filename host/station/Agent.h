@@ -36,7 +36,7 @@ private:
 struct AgentConfiguration {
     /// "simulator", "weewx" ...
     std::string driver = "simulator";
-    /// The driver's own settings.
+    /// The driver's own settings, and for every driver "valueLifetime": the seconds after which a value is too old.
     Value::Dictionary settings;
     UnitSystem unitSystem = UnitSystem::metric;
 };
@@ -48,12 +48,14 @@ public:
     const ClassRecord& classRecord() const override { return staticClass(); }
 
     Agent();
+    ~Agent() override;
     static std::shared_ptr<Agent> withName(std::string name);
 
     std::string name() const { return name_; }
     void setName(std::string name) { name_ = std::move(name); }
     const PropertyDictionary& properties() const { return properties_; }
-    /// Adds a known or new property and announces it, so that instruments that hold its name are linked.
+    /// Adds a property and announces it, so that instruments that hold its name are linked. The answer is the property
+    /// of that key, also where there was one.
     std::shared_ptr<Property> addProperty(std::string_view key, std::string_view displayName, Quantity quantity);
     /// Links each widget's instrument to the live property of the name that it stores; a name that the agent lacks is
     /// kept and shows no value. Entries that are no widgets are passed over.
@@ -74,7 +76,7 @@ public:
 
     std::shared_ptr<SiteWindowController> siteWindowController() const { return siteWindowController_.lock(); }
     void setSiteWindowController(const std::shared_ptr<SiteWindowController>& controller);
-    /// Called when properties were added.
+    /// Called when properties were added, once for a reading.
     void setPropertiesObserver(std::function<void()> observer) { propertiesObserver_ = std::move(observer); }
 
     /// Name, configuration and the properties without their values.
@@ -82,6 +84,13 @@ public:
     bool initWithCoder(Decoder& decoder) override;
 
 private:
+    std::shared_ptr<Property> newProperty(std::string_view key, std::string_view displayName, Quantity quantity);
+    void announceProperties();
+    /// Links what holds a name and has no live property, in every view that has been made.
+    void linkWaitingInstruments();
+    void noticeAges();
+    Seconds valueLifetime() const;
+
     std::string name_;
     PropertyDictionary properties_;
     AgentConfiguration configuration_;

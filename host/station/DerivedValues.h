@@ -1,10 +1,14 @@
 #pragma once
 // Values computed from others by published formulae. All in base units: °C, %, m/s, hPa, mm, mm/h, seconds.
 
+#include <memory>
 #include <optional>
 #include <span>
+#include <string_view>
+#include <utility>
 #include <vector>
 
+#include "host/station/History.h"
 #include "host/station/Reading.h"
 
 namespace zor {
@@ -26,23 +30,28 @@ std::optional<double> pressureTrend(std::span<const Sample> pressures);
 /// Amount per hour over the last 15 minutes of rain increments that end at `end`.
 double rainRate(std::span<const Sample> increments, Seconds end);
 
-/// Completes a reading with whatever can be derived and is not measured: dew point, heat index, wind chill, feels like,
-/// rain rate, rain today, pressure trend. Remembers what it needs of earlier readings.
-class DerivedValues {
-public:
-    /// `midnight` gives the start of the local day that a moment lies in.
-    explicit DerivedValues(Seconds (*midnight)(Seconds) = nullptr);
-    void complete(Reading& reading);
-
-private:
-    Seconds (*midnight_)(Seconds);
-    std::vector<Sample> pressures_;
-    std::vector<Sample> rain_;
-    double rainToday_ = 0;
-    Seconds day_ = 0;
-};
-
 /// The start of the local day that the moment lies in.
 Seconds localMidnight(Seconds time);
+
+/// Completes readings with whatever can be derived and is not measured: dew point, heat index, wind chill, feels like,
+/// rain rate, rain today and in the last hour, pressure trend.
+class DerivedValues {
+public:
+    /// What is needed of earlier readings comes from `past`, so that a restart loses nothing. `midnight` gives the
+    /// start of the day that a moment lies in.
+    explicit DerivedValues(std::shared_ptr<History> past, Seconds (*midnight)(Seconds) = localMidnight)
+        : past_(std::move(past)), midnight_(midnight) {}
+
+    void complete(Reading& reading) const;
+
+private:
+    std::vector<Sample> samplesUpTo(const Reading& reading, std::string_view key, Seconds from) const;
+    void completeTemperatures(Reading& reading) const;
+    void completeRain(Reading& reading) const;
+    void completePressure(Reading& reading) const;
+
+    std::shared_ptr<History> past_;
+    Seconds (*midnight_)(Seconds);
+};
 
 }  // namespace zor

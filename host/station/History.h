@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -9,6 +10,7 @@
 
 #include "host/foundation/Object.h"
 #include "host/station/Reading.h"
+#include "host/station/TimeSpans.h"
 
 namespace zor {
 
@@ -21,31 +23,41 @@ public:
 };
 
 /// A station's past, in memory. Spans not yet there are fetched in the background and announced when they have come, so
-/// that drawing never waits.
+/// that drawing never waits. Main thread only.
 class History : public Object {
 public:
     History();
     ~History() override;
 
+    /// What the loader before gave stays; every span is asked for anew.
     void setLoader(std::shared_ptr<HistoryLoader> loader);
     /// Fetches at once in the calling thread instead (rendering to a file, scripts).
     void setSynchronous(bool synchronous);
-    /// What is known now of [from, to], ascending; fetches what is missing.
+    /// What is known now of [from, to], ascending; fetches what is missing of it up to the present.
     std::vector<Sample> samples(std::string_view key, Seconds from, Seconds to);
-    /// Main thread. Adds a live reading.
+    /// Adds a live reading, in whatever order it comes; a value of the same moment is replaced.
     void append(const Reading& reading);
-    /// Called on the main thread when fetched samples have come.
+    /// Called on the main thread when fetched samples have come that were not known before.
     void setObserver(std::function<void()> observer);
     void clear();
 
 private:
     struct Series;
-    struct Fetcher;
-    void merge(const std::string& key, Seconds from, Seconds to, std::vector<Sample> samples);
+    struct Request;
+    class Fetcher;
+
+    Series& seriesOf(std::string_view key);
+    void fetchMissing(std::string_view key, TimeSpan span);
+    void arrived(const Request& request, std::vector<Sample> samples);
+    /// Whether there was anything new among the samples.
+    bool merge(const Request& request, std::vector<Sample> samples);
 
     std::map<std::string, std::unique_ptr<Series>, std::less<>> series_;
+    std::shared_ptr<HistoryLoader> loader_;
     std::shared_ptr<Fetcher> fetcher_;
     std::function<void()> observer_;
+    /// What was asked for in an earlier generation is no longer wanted when it comes.
+    std::uint64_t generation_ = 0;
     bool synchronous_ = false;
 };
 

@@ -29,6 +29,7 @@ public:
     Property(std::string name, std::string displayName, Quantity quantity);
 
     std::string propertyName() const { return name_; }
+    bool hasName(std::string_view name) const { return name_ == name; }
     std::string displayName() const { return displayName_; }
     Quantity quantity() const { return quantity_; }
     const Unit& unit() const { return *unit_; }
@@ -41,12 +42,15 @@ public:
     Seconds receivedAt() const { return receivedAt_; }
     void setValue(std::optional<double> baseValue, Seconds receivedAt);
     /// Seconds after which a value counts as too old; 0 for never.
-    void setLifetime(Seconds lifetime) { lifetime_ = lifetime; }
+    void setLifetime(Seconds lifetime);
     bool isStale() const;
+    /// Tells the observers, once, that a value has become too old; the agent asks every minute.
+    void noticeAge();
 
     /// The value as text by the name of a format (see ValueFormats.h); "--" without a value.
     std::string stringForFormat(std::string_view format) const;
 
+    /// Observers may add and remove observers, themselves included, while they are told.
     void addObserver(PropertyObserver* observer) { observers_.push_back(observer); }
     void removeObserver(PropertyObserver* observer);
     void notifyObservers();
@@ -55,6 +59,11 @@ public:
     bool initWithCoder(Decoder& decoder) override;
 
 private:
+    std::string unitName() const;
+    void setUnitName(const std::string& shortName);
+    void setValueInUnit(std::optional<double> value);
+    std::string text() const;
+
     std::string name_;
     std::string displayName_;
     Quantity quantity_ = Quantity::none;
@@ -62,7 +71,9 @@ private:
     std::optional<double> value_;
     Seconds receivedAt_ = 0;
     Seconds lifetime_ = 0;
+    bool noticedAge_ = false;
     std::vector<PropertyObserver*> observers_;
+    int notifying_ = 0;
 };
 
 /// What shows a property: every instrument that answers "setProperty:".

@@ -2,6 +2,7 @@
 // Names of a station's properties. A key is its constant without the k, first letter in lower case.
 
 #include <span>
+#include <string>
 #include <string_view>
 
 #include "host/station/Units.h"
@@ -35,6 +36,25 @@ inline constexpr std::string_view kBarometricPressureAbsolute = "barometricPress
 inline constexpr std::string_view kBarometricPressureTrend = "barometricPressureTrend";
 inline constexpr std::string_view kSolarRadiation = "solarRadiation";
 inline constexpr std::string_view kUVIndex = "uvIndex";
+inline constexpr std::string_view kIlluminance = "illuminance";
+inline constexpr std::string_view kVisibility = "visibility";
+inline constexpr std::string_view kSoilTemperature = "soilTemperature";
+/// In percent; the suction is the soil tension.
+inline constexpr std::string_view kSoilMoisture = "soilMoisture";
+inline constexpr std::string_view kSoilTension = "soilTension";
+inline constexpr std::string_view kLightningDistance = "lightningDistance";
+/// Particles up to 2.5 and up to 10 µm.
+inline constexpr std::string_view kParticulateMatter25 = "particulateMatter25";
+inline constexpr std::string_view kParticulateMatter10 = "particulateMatter10";
+inline constexpr std::string_view kCarbonDioxide = "carbonDioxide";
+inline constexpr std::string_view kBatteryVoltage = "batteryVoltage";
+
+/// Further sensors of a station; each is numbered: "extraTemperature1".
+inline constexpr std::string_view kExtraTemperature = "extraTemperature";
+inline constexpr std::string_view kExtraHumidity = "extraHumidity";
+inline constexpr std::string_view kLeafTemperature = "leafTemperature";
+/// From 0, dry, to 15.
+inline constexpr std::string_view kLeafWetness = "leafWetness";
 
 struct PropertyDescription {
     std::string_view key;
@@ -46,5 +66,13 @@ struct PropertyDescription {
 std::span<const PropertyDescription> knownProperties();
 /// None for a key that is not known.
 const PropertyDescription* knownProperty(std::string_view key);
+
+struct PropertyNaming {
+    std::string displayName;
+    Quantity quantity;
+};
+/// For any key: "outdoorTemperature" as it is known, "temperature3" a further "Temperature 3", and "fooBar" the plain
+/// number "Foo Bar".
+PropertyNaming namingOfProperty(std::string_view key);
 
 }  // namespace zor

@@ -29,7 +29,8 @@ struct Sample {
     bool operator==(const Sample&) const = default;
 };
 
-/// The wall clock, which tests and faster-than-real-time stations may replace.
+/// The wall clock, which tests and faster-than-real-time stations may replace; no clock sets the wall clock again.
+/// Any thread.
 Seconds now();
 void setClock(Seconds (*clock)());
 

@@ -1,7 +1,10 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
+#include <span>
+#include <string>
 #include <vector>
 
 #include "host/foundation/Bundle.h"
@@ -23,6 +26,7 @@ public:
     /// and the fault.
     static Result<std::shared_ptr<SiteDocument>> open(const std::filesystem::path& file,
                                                       const std::vector<std::shared_ptr<Bundle>>& bundles);
+    /// The error names the fault, such as a class that no bundle brings: nothing of a document is ever left out.
     static Result<std::shared_ptr<SiteDocument>> fromArchive(std::span<const std::uint8_t> data,
                                                              const std::vector<std::shared_ptr<Bundle>>& bundles);
     /// Written beside and moved into place; a document that cannot be saved stays dirty.
@@ -34,7 +38,9 @@ public:
     /// The site window's controller first, then those of separate windows.
     std::vector<std::shared_ptr<WindowController>> windowControllers() const;
     void addWindowController(const std::shared_ptr<WindowController>& controller);
+    /// A plug-in that was only in that window is told willUnload.
     void removeWindowController(const WindowController* controller);
+    bool isInSeparateWindow(const ZORPlugIn& plugIn) const;
     /// One per bundle.
     const std::vector<std::shared_ptr<ZORPlugIn>>& entryPlugIns() const { return entryPlugIns_; }
 
@@ -42,21 +48,24 @@ public:
     bool isDirty() const { return dirty_; }
     void setDirty(bool dirty);
     void setDirtyObserver(std::function<void()> observer) { dirtyObserver_ = std::move(observer); }
-    /// Tells every plug-in willUnload; afterwards the document only waits to be released.
+    /// Closes its windows and tells every plug-in willUnload; afterwards the document only waits to be released.
     void close();
 
     void encodeWithCoder(Encoder& encoder) override;
     bool initWithCoder(Decoder& decoder) override;
 
 private:
-    void adopt(const std::shared_ptr<Agent>& agent);
+    void adopt(const std::shared_ptr<Agent>& agent, const std::shared_ptr<SiteWindowController>& controller);
     void addEntryPlugIns(const std::vector<std::shared_ptr<Bundle>>& bundles);
+    bool isInList(const ZORPlugIn& plugIn) const;
 
     std::shared_ptr<Agent> agent_;
     std::shared_ptr<SiteWindowController> siteWindowController_;
     std::vector<std::shared_ptr<WindowController>> separateWindows_;
     std::vector<std::shared_ptr<ZORPlugIn>> entryPlugIns_;
     std::filesystem::path file_;
+    /// Why what was read is refused; empty for a whole document.
+    std::string fault_;
     std::function<void()> dirtyObserver_;
     bool dirty_ = false;
     bool closed_ = false;

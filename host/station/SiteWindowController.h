@@ -46,35 +46,47 @@ public:
     std::shared_ptr<SiteDocument> document() const { return document_.lock(); }
     void setDocument(const std::shared_ptr<SiteDocument>& document) { document_ = document; }
 
-    /// At the end of the list.
+    /// At the end of the list. A plug-in that is there already stays where it is.
     void addPlugIn(const std::shared_ptr<ZORPlugIn>& plugIn, bool select);
     /// `nameUniquely` turns a title that another entry has into "Weather 2", "Weather 3" ...
     void addPlugIn(const std::shared_ptr<ZORPlugIn>& plugIn, bool nameUniquely, bool select);
+    /// The selection goes to the entry that takes the place, or to the last.
     void removePlugInAtIndex(std::size_t index);
     /// Puts `replacement` at the old plug-in's place in the list, selected if that was.
     void replacePlugIn(const std::shared_ptr<ZORPlugIn>& old, const std::shared_ptr<ZORPlugIn>& replacement);
 
     const std::vector<std::shared_ptr<ZORPlugIn>>& plugIns() const { return plugIns_; }
     std::vector<PlugInListEntry> entries() const;
-    /// Any thread: the entries whose plug-in is of the class, from an immutable snapshot of the list.
+    /// Any thread: the entries whose plug-in is of the class, from an immutable snapshot of the list. They keep the
+    /// snapshot, which lets its plug-ins go on the main thread, wherever the last entry dies.
     std::vector<PlugInListEntry> itemsWithRepresentedObjectsOfClass(const ClassRecord& record) const;
     /// -1 where nothing is selected.
     std::int64_t selectedIndex() const { return selectedIndex_; }
     std::shared_ptr<ZORPlugIn> selectedPlugIn() const;
-    /// Tells the shown plug-in viewWillDisappear and the new one viewWillAppear, also when they are the same.
+    /// Tells the shown plug-in viewWillDisappear and the new one viewWillAppear, also when they are the same. An index
+    /// outside the list selects nothing.
     void selectPlugInAtIndex(std::int64_t index);
 
-    /// The view inside the window that holds the selected plug-in's view; `frame` is where that view goes.
+    /// Where the selected plug-in's view goes in the window's content, which becomes large enough to hold it.
     void setPlugInFrame(const Rect& frame);
     const Rect& plugInFrame() const { return plugInFrame_; }
 
     /// Told when the list, a title or the selection changed.
     void setObserver(std::function<void()> observer) { observer_ = std::move(observer); }
+    /// The list or a title changed: the document is to be saved.
     void notifyChanged();
+    /// From a plug-in; nothing where it is not in the list.
+    void titleChanged(const ZORPlugIn& plugIn);
 
 private:
+    using Snapshot = std::vector<PlugInListEntry>;
+
+    std::size_t indexOf(const ZORPlugIn* plugIn) const;
+    void nameUniquelyInList(ZORPlugIn& plugIn) const;
     void refreshSnapshot();
     void showPlugIn(const std::shared_ptr<ZORPlugIn>& plugIn);
+    void unload(const std::shared_ptr<ZORPlugIn>& plugIn);
+    void notifyObserver() const;
 
     std::weak_ptr<SiteDocument> document_;
     std::vector<std::shared_ptr<ZORPlugIn>> plugIns_;
@@ -83,7 +95,7 @@ private:
     Rect plugInFrame_;
     std::function<void()> observer_;
     mutable std::mutex snapshotMutex_;
-    std::shared_ptr<const std::vector<PlugInListEntry>> snapshot_;
+    std::shared_ptr<const Snapshot> snapshot_;
 };
 
 }  // namespace zor

@@ -49,7 +49,7 @@ enum class UnitSystem : std::uint8_t { metric, us, uk, si };
 
 /// The one table of all units.
 std::span<const Unit> allUnits();
-/// The first unit with that short name, also in its common other spellings ("C", "mbar", "kts", "w/m2"); none for an
+/// The first unit with that short name, also in its common other spellings ("C", "mb", "kts", "w/m2"); none for an
 /// unknown one.
 const Unit* unitWithShortName(std::string_view shortName);
 const Unit* unitWithShortName(std::string_view shortName, Quantity quantity);

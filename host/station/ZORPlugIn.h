@@ -75,7 +75,7 @@ public:
     ObjectPtr copy() override { return copyWithZone(); }
     virtual std::shared_ptr<ZORPlugIn> copyWithZone();
 
-    /// Writes the agent, the title's class is the subclass's business, and the identifier.
+    /// Writes the agent and the identifier; the title is the business of the classes that have one.
     void encodeWithCoder(Encoder& encoder) override;
     /// Agent and site window controller come from the decoder's context "agent" and "siteWindowController" where given.
     bool initWithCoder(Decoder& decoder) override;

@@ -10,7 +10,7 @@
 namespace zor {
 
 /// The floating window in which the settings of one object are edited. The entries themselves are the toolkit's; it
-/// fills them whenever `reload` is told.
+/// fills them anew whenever `reload` tells its observer.
 class ZORPropertyPanelController : public Object {
 public:
     static const ClassRecord& staticClass();
@@ -29,6 +29,7 @@ public:
     void setProperties(const SettingList* properties) { properties_ = properties; }
     void reload();
     const std::shared_ptr<Window>& window() const { return window_; }
+    bool isVisible() const;
     void showWindow();
     void close();
     void setObserver(std::function<void()> observer) { observer_ = std::move(observer); }
