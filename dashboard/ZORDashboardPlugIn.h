@@ -113,9 +113,65 @@ public:
     bool isDeletable() const override { return true; }
     void showHelp() override;
 
+    // Edit mode, export and duplicate
+    void editDashboard(const ObjectPtr& sender);
+    void exitEditMode(const ObjectPtr& sender);
+    void exportDashboard(const ObjectPtr& sender);
+    void duplicatePlugIn(const ObjectPtr& sender) override;
+
+    // Selection and hit testing; points in canvas coordinates
+    void selectObject(const std::shared_ptr<ZORWidgetHostView>& widget);
+    void unselectObject(const std::shared_ptr<ZORWidgetHostView>& widget);
+    void unselectAllObjects();
+    void selectAllObjects();
+    /// Stores the point in the click offsets, whatever it finds.
+    std::shared_ptr<ZORWidgetHostView> objectUnderPoint(Point point);
+    std::shared_ptr<ZORWidgetHostView> objectUnderMouse(const EventPtr& event);
+
+    // Gestures and keys
+    void mouseDown(const EventPtr& event) override;
+    void mouseDragged(const EventPtr& event) override;
+    void mouseUp(const EventPtr& event) override;
+    void rightMouseDown(const EventPtr& event) override;
+    void keyDown(const EventPtr& event) override;
+    void createRubberBand();
+    /// Width and height may be negative.
+    void moveRubberBand(const Rect& rect);
+    void destroyRubberBand();
+
     // Property panel
     void showPropertyPanel();
     void hidePropertyPanel();
+
+    // Editing commands
+    void addTextLabel(const ObjectPtr& sender);
+    void addDateTimeLabel(const ObjectPtr& sender);
+    void addBox(const ObjectPtr& sender);
+    void addImage(const ObjectPtr& sender);
+    void addLED(const ObjectPtr& sender);
+    void addMapView(const ObjectPtr& sender);
+    void addWebView(const ObjectPtr& sender);
+    void addPlot(const ObjectPtr& sender);
+    void addLevelIndicator(const ObjectPtr& sender);
+    void addRoundGauge(const ObjectPtr& sender);
+    void addLinearGauge(const ObjectPtr& sender);
+    void alignTopEdges(const ObjectPtr& sender);
+    void alignLeftEdges(const ObjectPtr& sender);
+    void alignBottomEdges(const ObjectPtr& sender);
+    void alignRightEdges(const ObjectPtr& sender);
+    /// 1 = top, 2 = left, 3 = bottom, 4 = right; any other mode moves nothing.
+    void alignEdges(std::uint32_t mode);
+    void bringToFront(const ObjectPtr& sender);
+    void sendToBack(const ObjectPtr& sender);
+    void duplicateObject(const ObjectPtr& sender);
+    void deleteObject(const ObjectPtr& sender);
+    /// The action "copy:"; a dashboard is itself copied by copyWithZone.
+    void copySelection(const ObjectPtr& sender);
+    void paste(const ObjectPtr& sender);
+    void undo(const ObjectPtr& sender);
+    void redo(const ObjectPtr& sender);
+    void selectAll(const ObjectPtr& sender);
+    std::shared_ptr<Menu> menu() override;
 
 protected:
     bool initDashboard(const std::shared_ptr<Agent>& agent,
@@ -124,6 +180,36 @@ protected:
 
 private:
     std::shared_ptr<View> canvasContainer() const;
+    std::shared_ptr<ZORWidgetHostView> container() const;
+    static std::shared_ptr<ZORWidgetHostView> sharedWidget(ZORWidgetHostView& widget) {
+        return std::static_pointer_cast<ZORWidgetHostView>(widget.shared_from_this());
+    }
+    bool isListed(const ZORWidgetHostView& widget) const;
+    Point canvasPoint(const EventPtr& event) const;
+    Point relativeToPlugInView(Point point);
+    void becomeFirstResponder();
+    void showCoordinateLabel();
+    void setCoordinateText(Point point);
+    void pressTwice();
+    void pressOnce(bool extend);
+    void pressOnEmptyCanvas(bool extend);
+    void click(const std::shared_ptr<ZORWidgetHostView>& widget, bool extend);
+    void registerDragUndo(std::vector<Value> snapshots);
+    void beginDrag();
+    void moveSelection();
+    void updateRubberBand(bool extend);
+    void nudgeSelection(int keyCode, bool byStep);
+    void addEditingItems(Menu& menu, const EventPtr& event);
+    /// The last in stacking order, and the one with the highest number, under a point.
+    std::shared_ptr<ZORWidgetHostView> topmostWidgetAt(Point point) const;
+    std::shared_ptr<ZORWidgetHostView> highestWidgetAt(Point point) const;
+    const ZORWidgetHostView* lowestWidget() const;
+    const ZORWidgetHostView* topmostWidget() const;
+    template <typename Factory>
+    void insertWidget(Size size, Factory&& factory);
+    void addAndSelect(const WidgetList& widgets);
+    static void writeExport(const std::string& path, const std::shared_ptr<ZORDashboardEditView>& canvas,
+                            const std::string& title, const std::optional<std::string>& agentName);
     /// Drawn from a hosted copy, so that nothing of the live dashboard changes.
     std::shared_ptr<const Bytes> picture(std::shared_ptr<const Bytes> (View::*render)(const Rect&));
 
@@ -148,5 +234,10 @@ private:
     std::shared_ptr<TextField> mouseCoordinateView_;
     std::vector<Value> selectedObjectFrames_;
 };
+
+/// Orders views by their stacking numbers: -1, 0 or 1.
+int compareViews(const View& a, const View& b);
+/// Where a duplicate or a pasted copy lies: 10 points to the right of its source and 10 higher.
+Rect frameOfCopy(const Rect& frame);
 
 }  // namespace zor
