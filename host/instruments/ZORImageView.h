@@ -2,12 +2,13 @@
 
 #include <memory>
 
+#include "host/foundation/Color.h"
 #include "host/foundation/Image.h"
 #include "host/instruments/ZORInstrumentView.h"
 
 namespace zor {
 
-/// Shows a picture at the picture's own size, centred; also the base of the canvas.
+/// Shows a picture centred, at its own size or as much smaller as the view demands; also the base of the canvas.
 class ZORImageView : public ZORInstrumentView {
 public:
     static const ClassRecord& staticClass();
@@ -20,15 +21,20 @@ public:
     virtual const SettingList& widgetProperties() const { return settings(); }
     /// Whether the property panel offers position entries.
     virtual bool showPositionProperties() const { return true; }
+    /// Whether it holds widgets. A canvas keeps its own size within its container.
+    virtual bool isCanvas() const { return false; }
 
     std::shared_ptr<Image> image() const { return image_; }
     virtual void setImage(const std::shared_ptr<Image>& image);
+    /// Below the image, over the whole view.
+    Color backgroundColor() const { return backgroundColor_; }
+    void setBackgroundColor(Color color) { store(backgroundColor_, color); }
     /// A stand-by picture is drawn where there is no image.
     bool drawPlaceholderImage() const { return drawPlaceholderImage_; }
-    void setDrawPlaceholderImage(bool draw);
+    void setDrawPlaceholderImage(bool draw) { store(drawPlaceholderImage_, draw); }
     /// Whether the image is drawn at all.
     bool drawImage() const { return drawImage_; }
-    void setDrawImage(bool draw);
+    void setDrawImage(bool draw) { store(drawImage_, draw); }
 
     void drawRect(DrawingContext& context, const Rect& dirty) override;
     void encodeWithCoder(Encoder& encoder) override;
@@ -39,6 +45,7 @@ protected:
 
 private:
     std::shared_ptr<Image> image_;
+    Color backgroundColor_ = Color::clear();
     bool drawPlaceholderImage_ = true;
     bool drawImage_ = true;
 };

@@ -3,8 +3,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <type_traits>
+#include <utility>
 
-#include "host/station/Property.h"
+#include "host/station/Agent.h"
 #include "host/station/Settings.h"
 #include "host/views/View.h"
 
@@ -30,7 +32,7 @@ public:
 
     /// An instrument of the same class with the same frame, settings and property.
     ObjectPtr copy() override;
-    /// Writes every setting under its name.
+    /// Writes every setting that has a value under its name.
     void encodeWithCoder(Encoder& encoder) override;
     /// A setting whose stored value is of the wrong kind or out of range keeps its default.
     bool initWithCoder(Decoder& decoder) override;
@@ -38,6 +40,12 @@ public:
 protected:
     /// Copies what no setting carries.
     virtual void copyStateTo(ZORInstrumentView& /*copy*/) const {}
+    /// Stores and asks for a redraw: what most setters do.
+    template <typename T>
+    void store(T& field, std::type_identity_t<T> value) {
+        field = std::move(value);
+        setNeedsDisplay(true);
+    }
 };
 
 /// An instrument that shows one property. It keeps the name also where the agent lacks it, shows "--" without a value,
@@ -49,13 +57,19 @@ public:
     using ZORInstrumentView::ZORInstrumentView;
     ~LinkedInstrumentView() override;
 
+    /// The property by its name.
+    const SettingList& settings() const override;
+
     std::shared_ptr<Property> property() const override { return property_; }
     /// An empty pointer unlinks; the name is then kept only in `lastPropertyName`.
     void setProperty(const std::shared_ptr<Property>& property) override;
     std::optional<std::string> propertyName() const override { return propertyName_; }
+    /// An empty name unlinks.
     void linkProperty(const std::string& name, const std::shared_ptr<Property>& property) override;
-    /// The name it was linked to last, for the list of unlinked instruments.
+    /// The name it was linked to last, for the list of unlinked instruments; nothing where it never was linked.
     const std::optional<std::string>& lastPropertyName() const { return lastPropertyName_; }
+    /// By name alone: links to the property of that name of the agent above it. No name unlinks.
+    void setPropertyName(const std::optional<std::string>& name);
 
     void encodeWithCoder(Encoder& encoder) override;
     bool initWithCoder(Decoder& decoder) override;
@@ -68,10 +82,13 @@ protected:
     virtual void propertyChanged();
     /// In the unit shown; nothing without a live, fresh value.
     std::optional<double> currentValue() const;
+    /// The station of the plug-in that the view tree belongs to, or none.
+    std::shared_ptr<Agent> agentAbove() const;
 
 private:
     void propertyDidChange() override { propertyChanged(); }
     void linkToAgentAbove();
+    void unlink();
 
     std::shared_ptr<Property> property_;
     std::optional<std::string> propertyName_;
