@@ -97,11 +97,6 @@ const Bytes& Value::asData() const {
     return data ? **data : emptyOf<Bytes>();
 }
 
-std::shared_ptr<const Bytes> Value::sharedData() const {
-    const auto* data = std::get_if<std::shared_ptr<const Bytes>>(&state_);
-    return data ? *data : nullptr;
-}
-
 const Value::Array& Value::asArray() const {
     const auto* array = std::get_if<std::shared_ptr<const Array>>(&state_);
     return array ? **array : emptyOf<Array>();
@@ -115,6 +110,16 @@ const Value::Dictionary& Value::asDictionary() const {
 ObjectPtr Value::asObject() const {
     const auto* object = std::get_if<ObjectPtr>(&state_);
     return object ? *object : ObjectPtr{};
+}
+
+std::shared_ptr<const Bytes> Value::sharedData() const {
+    const auto* data = std::get_if<std::shared_ptr<const Bytes>>(&state_);
+    return data ? *data : nullptr;
+}
+
+std::shared_ptr<const Value::Array> Value::sharedArray() const {
+    const auto* array = std::get_if<std::shared_ptr<const Array>>(&state_);
+    return array ? *array : nullptr;
 }
 
 std::optional<double> Value::number() const {

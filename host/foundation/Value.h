@@ -87,11 +87,12 @@ public:
     const std::string& asString() const;
     Date asDate() const;
     const Bytes& asData() const;
-    /// The data itself, not a copy; empty for a value of another kind.
-    std::shared_ptr<const Bytes> sharedData() const;
     const Array& asArray() const;
     const Dictionary& asDictionary() const;
     ObjectPtr asObject() const;
+    /// The content itself, not a copy; empty for a value of another kind.
+    std::shared_ptr<const Bytes> sharedData() const;
+    std::shared_ptr<const Array> sharedArray() const;
     /// An integer or a real, not a boolean.
     std::optional<double> number() const;
     std::optional<std::string> string() const;

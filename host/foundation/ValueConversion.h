@@ -62,24 +62,24 @@ struct ValueConversion<std::string> : detail::WithDefault<std::string> {
     static std::optional<std::string> from(const Value& value) { return value.string(); }
 };
 
-/// An empty pointer is absent.
-template <>
-struct ValueConversion<std::shared_ptr<const Bytes>> : detail::WithDefault<std::shared_ptr<const Bytes>> {
-    static Value to(const std::shared_ptr<const Bytes>& value) { return value ? Value(value) : Value(); }
-    static std::optional<std::shared_ptr<const Bytes>> from(const Value& value) {
-        if (!value.isData()) return std::nullopt;
-        return std::make_shared<const Bytes>(value.asData());
+namespace detail {
+/// Shared content is handed on, not copied; an absent value is an empty pointer.
+template <typename Content, std::shared_ptr<const Content> (Value::*content)() const>
+struct SharedContent : WithDefault<std::shared_ptr<const Content>> {
+    static Value to(const std::shared_ptr<const Content>& value) { return value; }
+    static std::optional<std::shared_ptr<const Content>> from(const Value& value) {
+        auto shared = (value.*content)();
+        return shared || value.isAbsent() ? std::optional(std::move(shared)) : std::nullopt;
     }
 };
+}  // namespace detail
 
 template <>
-struct ValueConversion<std::shared_ptr<const Value::Array>> : detail::WithDefault<std::shared_ptr<const Value::Array>> {
-    static Value to(const std::shared_ptr<const Value::Array>& value) { return value ? Value(value) : Value(); }
-    static std::optional<std::shared_ptr<const Value::Array>> from(const Value& value) {
-        if (!value.isArray()) return std::nullopt;
-        return std::make_shared<const Value::Array>(value.asArray());
-    }
-};
+struct ValueConversion<std::shared_ptr<const Bytes>> : detail::SharedContent<Bytes, &Value::sharedData> {};
+
+template <>
+struct ValueConversion<std::shared_ptr<const Value::Array>>
+    : detail::SharedContent<Value::Array, &Value::sharedArray> {};
 
 template <>
 struct ValueConversion<Point> : detail::WithDefault<Point> {

@@ -190,6 +190,19 @@ TEST(ClassBuilderTest, DerivedClassInheritsAndOverrides) {
     EXPECT_FALSE(Lantern::staticClass().isCreatable());
 }
 
+TEST(ClassBuilderTest, SharedContentIsHandedOnNotCopied) {
+    using Data = ValueConversion<std::shared_ptr<const Bytes>>;
+    using Array = ValueConversion<std::shared_ptr<const Value::Array>>;
+    const auto data = std::make_shared<const Bytes>(Bytes{1, 2});
+    const auto array = std::make_shared<const Value::Array>(Value::Array{1});
+    EXPECT_EQ(Data::from(Data::to(data)), data);
+    EXPECT_EQ(Array::from(Array::to(array)), array);
+    EXPECT_TRUE(Data::to({}).isAbsent());
+    EXPECT_EQ(Data::from(Value()), std::shared_ptr<const Bytes>());
+    EXPECT_FALSE(Data::from("text"));
+    EXPECT_FALSE(Array::from(Value(data)));
+}
+
 TEST(ClassBuilderTest, AskingAnAbsentObjectGivesTheZeroAnswer) {
     std::shared_ptr<Lamp> lamp;
     EXPECT_EQ(ask(lamp, [](const Lamp& present) { return present.name(); }), "");
