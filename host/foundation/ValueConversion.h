@@ -78,8 +78,8 @@ template <>
 struct ValueConversion<std::shared_ptr<const Bytes>> : detail::SharedContent<Bytes, &Value::sharedData> {};
 
 template <>
-struct ValueConversion<std::shared_ptr<const Value::Array>>
-    : detail::SharedContent<Value::Array, &Value::sharedArray> {};
+struct ValueConversion<std::shared_ptr<const Value::Array>> : detail::SharedContent<Value::Array, &Value::sharedArray> {
+};
 
 template <>
 struct ValueConversion<Point> : detail::WithDefault<Point> {
