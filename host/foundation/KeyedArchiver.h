@@ -16,12 +16,18 @@ namespace zor {
 
 class KeyedArchiver {
 public:
-    /// Objects, strings, numbers, arrays and dictionaries may be the root. Fails only where an object's class is
-    /// not registered or the graph holds what the format cannot store.
+    /// Objects, strings, numbers, arrays and dictionaries may be the root. Absent entries of arrays and dictionaries
+    /// are left out. Of values under one key of an object the last one counts. Fails only where an object's class is
+    /// not registered, text is not UTF-8 or the graph nests deeper than 512 levels; the error names the key.
     static Result<Bytes> archivedDataWithRootObject(const Value& root);
 };
 
-/// Names a class for an archived class name that the registry lacks; empty lets the decoding fail.
+/// The class "NSNull", known to the registry: an archived object of this class is `Null`. A delegate that gives it lets
+/// objects of an unknown class become null placeholders.
+const ClassRecord& nullPlaceholderClass();
+
+/// Names a class for an archived class name that the registry lacks; empty lets the decoding fail. Asked once per class
+/// name, after the names that the archive itself suggests.
 class KeyedUnarchiverDelegate {
 public:
     virtual ~KeyedUnarchiverDelegate() = default;
@@ -39,6 +45,10 @@ class KeyedUnarchiver {
 public:
     /// Binary or XML property list. Only registered classes are made; an object is noted before its fields are read,
     /// so that circles end; time and memory are linear in the data's size. The class name "NSNull" gives Null.
+    ///
+    /// What an object refers to is decoded before its initWithCoder runs; in a circle it meets objects that are made
+    /// but not filled, and arrays and dictionaries that are still empty. What cannot be decoded fails whatever asks for
+    /// it by decodeValue, directly or inside a container, and so in the end the whole; nobody else.
     /// The error names the object number, key or byte offset at fault.
     static Result<Value> unarchivedRoot(std::span<const std::uint8_t> data, const UnarchivingOptions& options = {});
 };

@@ -1,78 +1,61 @@
 #pragma once
-// Property lists as flat tables: every node knows its children by number, so that shared containers cost nothing
-// and no reader needs recursion.
+// Property lists: what keyed archives and Info files are made of.
 
 #include <cstdint>
+#include <optional>
 #include <span>
-#include <string>
 #include <string_view>
-#include <variant>
-#include <vector>
 
+#include "host/foundation/PropertyListTables.h"
 #include "host/foundation/Result.h"
 #include "host/foundation/Value.h"
 
 namespace zor {
 
-struct PropertyListNode {
-    using Index = std::uint32_t;
-    struct Uid {
-        std::uint64_t number = 0;
-        bool operator==(const Uid&) const = default;
-    };
-    /// A 16-byte integer that does not fit 64 bits.
-    struct WideInteger {
-        std::uint64_t high = 0;
-        std::uint64_t low = 0;
-    };
-    /// Children are nodes `first` to `first + count` of PropertyList::references(); a dictionary has its `count` keys
-    /// first and then as many values.
-    struct Array {
-        std::size_t first = 0;
-        std::size_t count = 0;
-    };
-    struct Dictionary {
-        std::size_t first = 0;
-        std::size_t count = 0;
-    };
-    std::variant<std::monostate, bool, std::int64_t, WideInteger, double, Date, std::string, Bytes, Uid, Array,
-                 Dictionary>
-        content;
-};
-
 class PropertyList {
 public:
     using Index = PropertyListNode::Index;
+    using Kind = PropertyListKind;
 
-    /// Reads "bplist00" or XML. Offsets, counts and sizes are checked before memory is taken; text must be UTF-8,
-    /// UTF-16 or ASCII; a container that contains itself is refused. Errors name the byte offset at fault.
+    /// Values are nested no deeper than this.
+    static constexpr std::size_t deepestValue = 64;
+
+    explicit PropertyList(PropertyListTables tables) : tables_(std::move(tables)) {}
+
+    /// Reads "bplist00" or XML and keeps nothing of `data`. Offsets, counts and sizes are checked before memory is
+    /// taken; text must be UTF-8, UTF-16 or ASCII; dictionary keys must be strings; a container that contains itself is
+    /// refused. Integers that need more than 64 bits become reals, sets arrays. Errors name the byte offset at fault.
     static Result<PropertyList> parse(std::span<const std::uint8_t> data);
-    /// The binary form; equal scalars are stored once.
+    /// The binary form.
     Bytes binary() const;
 
-    Index root() const { return root_; }
-    const PropertyListNode& node(Index index) const { return nodes_[index]; }
-    std::size_t size() const { return nodes_.size(); }
-    std::span<const Index> arrayItems(Index array) const;
-    std::span<const Index> dictionaryKeys(Index dictionary) const;
-    std::span<const Index> dictionaryValues(Index dictionary) const;
-    /// The value's node under the key, or none.
+    Index root() const { return tables_.root; }
+    /// Nodes, and references between them.
+    std::size_t size() const { return tables_.nodes.size(); }
+    std::size_t referenceCount() const { return tables_.references.size(); }
+    Kind kind(Index index) const { return tables_.nodes[index].kind; }
+
+    /// Each of these asks a node of its own kind.
+    bool boolean(Index index) const { return tables_.nodes[index].payload != 0; }
+    std::int64_t integer(Index index) const { return static_cast<std::int64_t>(tables_.nodes[index].payload); }
+    double real(Index index) const { return std::bit_cast<double>(tables_.nodes[index].payload); }
+    Date date(Index index) const { return {real(index)}; }
+    std::uint64_t uid(Index index) const { return tables_.nodes[index].payload; }
+    std::string_view string(Index index) const { return tables_.text(tables_.nodes[index]); }
+    Bytes data(Index index) const;
+    std::span<const Index> items(Index array) const { return tables_.children(tables_.nodes[array]); }
+    std::span<const Index> keys(Index dictionary) const;
+    std::span<const Index> values(Index dictionary) const;
+    /// The value's node under the key, or none; none either where the node is no dictionary.
     std::optional<Index> find(Index dictionary, std::string_view key) const;
 
-    /// Building: children are added before their container.
-    Index add(PropertyListNode node);
-    Index addArray(std::span<const Index> items);
-    Index addDictionary(std::span<const Index> keys, std::span<const Index> values);
-    void setRoot(Index root) { root_ = root; }
-
-    /// Plain content (no UIDs) as a value, nested at most 64 deep; UIDs become {"CF$UID": n}.
+    /// The content as a value, nested at most `deepestValue` levels; a UID becomes {"CF$UID": n}, a null absent.
     Result<Value> value(Index index) const;
-    static PropertyList fromValue(const Value& value);
+    /// Absent entries are left out. Null placeholders, objects, text that is not UTF-8 and deeper nesting are refused.
+    static Result<PropertyList> fromValue(const Value& value);
 
 private:
-    std::vector<PropertyListNode> nodes_;
-    std::vector<Index> references_;
-    Index root_ = 0;
+    PropertyListTables tables_;
 };
 
 }  // namespace zor

@@ -1,0 +1,268 @@
+#include "host/foundation/ArchiveReader.h"
+
+#include "host/foundation/ArchiveFormat.h"
+#include "host/foundation/ObjectDecoder.h"
+
+namespace zor {
+
+using Reason = ArchiveFailure::Reason;
+
+ArchiveReader::ArchiveReader(const PropertyList& list, std::span<const Index> objects, std::size_t fileSize,
+                             const UnarchivingOptions& options)
+    : list_(list),
+      objects_(objects),
+      options_(options),
+      classes_(list, options.delegate),
+      textAllowance_(fileSize),
+      entryAllowance_(list.referenceCount()),
+      slotOfNode_(list.size(), none) {
+    // Levels are referred to while others are pushed.
+    levels_.reserve(archive::deepestLevel);
+}
+
+ArchiveReader::Taken ArchiveReader::decode(Number root) {
+    visit(root);
+    while (!levels_.empty()) {
+        Level& level = levels_.back();
+        const std::size_t depth = levels_.size();
+        const std::size_t end = level.first.size() + level.second.size();
+        while (level.next < end && levels_.size() == depth) {
+            const std::size_t next = level.next++;
+            const bool inFirst = next < level.first.size();
+            const Index node = inFirst ? level.first[next] : level.second[next - level.first.size()];
+            if (list_.kind(node) == PropertyList::Kind::uid) visit(list_.uid(node));
+        }
+        if (levels_.size() == depth) finishLevel();
+    }
+    return takeObject(root, 0);
+}
+
+void ArchiveReader::visit(Number number) {
+    // A wrong number is the fault of whoever asks for its value.
+    if (number == 0 || number >= objects_.size()) return;
+    const Index node = objects_[number];
+    if (list_.kind(node) != PropertyList::Kind::dictionary) return;
+    if (slotOfNode_[node] != none) {
+        meetAgain(decoded_[slotOfNode_[node]]);
+    } else {
+        begin(number, node);
+    }
+}
+
+void ArchiveReader::meetAgain(const Decoded& decoded) {
+    if (levels_.empty()) return;
+    Level& level = levels_.back();
+    if (!decoded.isOpen) {
+        level.height = std::max(level.height, decoded.height);
+        return;
+    }
+    // A circle that passes no object could never be filled.
+    const bool isContainer = decoded.kind != Kind::object && level.isContainer;
+    if (isContainer && level.objectLevel < decoded.level) fail(decoded_[level.slot], Reason::containsItself);
+}
+
+void ArchiveReader::begin(Number number, Index node) {
+    const auto slot = static_cast<Slot>(decoded_.size());
+    slotOfNode_[node] = slot;
+    Decoded& decoded = decoded_.emplace_back();
+    decoded.node = node;
+    decoded.number = number;
+    const auto reference = list_.find(node, archive::classKey);
+    if (!reference || list_.kind(*reference) != PropertyList::Kind::uid) return fail(decoded, Reason::noClass);
+    const Number classNumber = list_.uid(*reference);
+    if (classNumber >= objects_.size()) {
+        decoded.failure = {Reason::referenceOutOfRange, number, classNumber};
+        return;
+    }
+    const ArchivedClass& itsClass = classes_.at(objects_[classNumber]);
+    decoded.kind = itsClass.kind;
+    switch (itsClass.kind) {
+        case Kind::unusable:
+            decoded.failure = {itsClass.failure.reason, number, itsClass.failure.detail};
+            return;
+        case Kind::object:
+            decoded.value = Value(itsClass.record->create());
+            return push({.slot = slot, .second = list_.values(node)});
+        case Kind::array:
+        case Kind::dictionary:
+            return beginContainer(slot);
+        default: {
+            auto made = leaf(decoded);
+            decoded.value = std::move(made.value);
+            decoded.failure = made.failure;
+        }
+    }
+}
+
+void ArchiveReader::beginContainer(Slot slot) {
+    Decoded& decoded = decoded_[slot];
+    const bool isDictionary = decoded.kind == Kind::dictionary;
+    const auto items = list_.find(decoded.node, archive::itemsKey);
+    if (!items || list_.kind(*items) != PropertyList::Kind::array) return fail(decoded, Reason::noItems);
+    const auto keys = isDictionary ? list_.find(decoded.node, archive::keysKey) : std::nullopt;
+    if (const Slot other = slotOfNode_[*items]; other != none) {
+        const Decoded& owner = decoded_[other];
+        const bool isSame = owner.kind == decoded.kind &&
+                            (!isDictionary || list_.find(owner.node, archive::keysKey) == keys);
+        if (isSame) {
+            slotOfNode_[decoded.node] = other;
+            decoded_.pop_back();
+            return meetAgain(decoded_[other]);
+        }
+    } else {
+        slotOfNode_[*items] = slot;
+    }
+    Level level{.slot = slot, .isContainer = true, .second = list_.items(*items)};
+    if (isDictionary) {
+        if (keys && list_.kind(*keys) == PropertyList::Kind::array) level.first = list_.items(*keys);
+        if (level.first.size() != level.second.size()) return fail(decoded, Reason::unequalCounts);
+        level.dictionary = std::make_shared<Value::Dictionary>();
+        decoded.value = Value(std::shared_ptr<const Value::Dictionary>(level.dictionary));
+    } else {
+        level.array = std::make_shared<Value::Array>();
+        decoded.value = Value(std::shared_ptr<const Value::Array>(level.array));
+    }
+    const std::size_t entries = level.first.size() + level.second.size();
+    if (entries > entryAllowance_) return fail(decoded, Reason::sharedOutOfProportion);
+    entryAllowance_ -= entries;
+    push(std::move(level));
+}
+
+void ArchiveReader::push(Level level) {
+    Decoded& decoded = decoded_[level.slot];
+    if (levels_.size() == archive::deepestLevel) return fail(decoded, Reason::tooDeep);
+    const std::size_t place = levels_.size() + 1;
+    decoded.isOpen = true;
+    decoded.level = static_cast<std::uint32_t>(place);
+    level.objectLevel = level.isContainer ? (levels_.empty() ? 0 : levels_.back().objectLevel) : place;
+    levels_.push_back(std::move(level));
+}
+
+void ArchiveReader::finishLevel() {
+    Level level = std::move(levels_.back());
+    levels_.pop_back();
+    Decoded& decoded = decoded_[level.slot];
+    decoded.height = level.height + 1;
+    if (decoded.height > archive::deepestLevel) fail(decoded, Reason::tooDeep);
+    if (!decoded.failure) fill(level, decoded);
+    decoded.isOpen = false;
+    if (decoded.failure) decoded.value = {};
+    if (!levels_.empty()) levels_.back().height = std::max(levels_.back().height, decoded.height);
+}
+
+void ArchiveReader::fill(Level& level, Decoded& decoded) {
+    if (!level.isContainer) {
+        ObjectDecoder decoder(*this, decoded.node, decoded.number);
+        const ObjectPtr object = decoded.value.asObject();
+        if (!object || !object->initWithCoder(decoder)) decoded.value = {};
+        decoded.failure = decoder.failure();
+        return;
+    }
+    if (level.array) level.array->reserve(level.second.size());
+    for (std::size_t index = 0; index < level.second.size(); ++index) {
+        auto item = take(level.second[index], decoded.number);
+        auto key = level.dictionary ? take(level.first[index], decoded.number) : Taken{};
+        if (item.failure || key.failure) {
+            decoded.failure = key.failure ? key.failure : item.failure;
+            return;
+        }
+        if (level.array) {
+            level.array->push_back(std::move(item.value));
+        } else if (!key.value.isString()) {
+            return fail(decoded, Reason::keyNotText);
+        } else if (!item.value.isAbsent()) {
+            level.dictionary->emplace(key.value.asString(), std::move(item.value));
+        }
+    }
+}
+
+void ArchiveReader::fail(Decoded& decoded, Reason reason) {
+    decoded.failure = {reason, decoded.number};
+}
+
+ArchiveReader::Taken ArchiveReader::leaf(const Decoded& decoded) {
+    if (decoded.kind == Kind::null) return {Null{}};
+    const auto key = decoded.kind == Kind::string ? archive::stringKey
+                     : decoded.kind == Kind::data ? archive::dataKey
+                                                  : archive::timeKey;
+    const auto node = list_.find(decoded.node, key);
+    const auto content = node ? plainNode(*node) : std::nullopt;
+    const auto contentKind = content ? list_.kind(*content) : PropertyList::Kind::null;
+    const bool isNumber = contentKind == PropertyList::Kind::real || contentKind == PropertyList::Kind::integer;
+    if (decoded.kind == Kind::string && contentKind == PropertyList::Kind::string) {
+        return text(*content, decoded.number);
+    }
+    if (decoded.kind == Kind::data && contentKind == PropertyList::Kind::data) return plain(*content, decoded.number);
+    if (decoded.kind == Kind::date && isNumber) return {Date{plain(*content, decoded.number).value.asReal()}};
+    return {{}, {Reason::noContent, decoded.number}};
+}
+
+std::optional<ArchiveReader::Index> ArchiveReader::plainNode(Index node) const {
+    if (list_.kind(node) == PropertyList::Kind::uid) {
+        const Number number = list_.uid(node);
+        if (number == 0 || number >= objects_.size()) return {};
+        node = objects_[number];
+    }
+    switch (list_.kind(node)) {
+        case PropertyList::Kind::uid:
+        case PropertyList::Kind::array:
+        case PropertyList::Kind::dictionary:
+            return {};
+        default:
+            return node;
+    }
+}
+
+ArchiveReader::Taken ArchiveReader::take(Index node, Number holder) {
+    const bool isReference = list_.kind(node) == PropertyList::Kind::uid;
+    return isReference ? takeObject(list_.uid(node), holder) : plain(node, holder);
+}
+
+ArchiveReader::Taken ArchiveReader::takeObject(Number number, Number holder) {
+    if (number == 0) return {};
+    if (number >= objects_.size()) return {{}, {Reason::referenceOutOfRange, holder, number}};
+    const Index node = objects_[number];
+    switch (list_.kind(node)) {
+        case PropertyList::Kind::uid:
+        case PropertyList::Kind::array:
+            return {{}, {Reason::notAnObject, number}};
+        case PropertyList::Kind::dictionary:
+            break;
+        default:
+            return plain(node, holder);
+    }
+    const Decoded& decoded = decoded_[slotOfNode_[node]];
+    if (decoded.failure) return {{}, decoded.failure};
+    if (!textAllowance_.take(decoded.value.asString().size())) return {{}, {Reason::textOutOfProportion, holder}};
+    return {decoded.value};
+}
+
+ArchiveReader::Taken ArchiveReader::plain(Index node, Number holder) {
+    switch (list_.kind(node)) {
+        case PropertyList::Kind::boolean:
+            return {list_.boolean(node)};
+        case PropertyList::Kind::integer:
+            return {list_.integer(node)};
+        case PropertyList::Kind::real:
+            return {list_.real(node)};
+        case PropertyList::Kind::date:
+            return {list_.date(node)};
+        case PropertyList::Kind::string:
+            return list_.string(node) == archive::absentText ? Taken{} : text(node, holder);
+        case PropertyList::Kind::data: {
+            const auto [known, isNew] = data_.try_emplace(node);
+            if (isNew) known->second = list_.data(node);
+            return {known->second};
+        }
+        default:
+            return {};
+    }
+}
+
+ArchiveReader::Taken ArchiveReader::text(Index node, Number holder) {
+    const auto text = list_.string(node);
+    if (!textAllowance_.take(text.size())) return {{}, {Reason::textOutOfProportion, holder}};
+    return {text};
+}
+
+}  // namespace zor

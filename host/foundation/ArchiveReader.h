@@ -1,0 +1,101 @@
+#pragma once
+// Decodes the objects of an archive without recursion: what an object refers to is decoded before it is filled, each
+// object once, and every object is noted before what it refers to is looked at.
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "host/foundation/ArchivedClasses.h"
+#include "host/foundation/TextAllowance.h"
+
+namespace zor {
+
+class ArchiveReader {
+public:
+    using Index = PropertyList::Index;
+    /// An object's place among the archive's objects; zero stands for absence.
+    using Number = std::uint64_t;
+
+    struct Taken {
+        Value value = {};
+        ArchiveFailure failure = {};
+    };
+
+    /// `objects` are the nodes of the archive's objects. The list and the options must outlive the reader.
+    ArchiveReader(const PropertyList& list, std::span<const Index> objects, std::size_t fileSize,
+                  const UnarchivingOptions& options);
+
+    /// Decodes the object and all that it refers to.
+    Taken decode(Number root);
+
+    const PropertyList& list() const { return list_; }
+    const UnarchivingOptions& options() const { return options_; }
+    /// The value of a node that is a plain value or a reference to what is decoded already; `holder` is the object that
+    /// asks. Containers that are no objects of the archive are absent.
+    Taken take(Index node, Number holder);
+    /// The node itself, or the one that it refers to, where that is a plain value.
+    std::optional<Index> plainNode(Index node) const;
+
+private:
+    using Kind = ArchivedClass::Kind;
+    using Slot = std::uint32_t;
+    static constexpr Slot none = 0xFFFF'FFFF;
+
+    /// An object or container that is decoded, or being decoded.
+    struct Decoded {
+        Value value = {};
+        ArchiveFailure failure = {};
+        Index node = 0;
+        Kind kind = Kind::unusable;
+        bool isOpen = false;
+        /// Levels of objects and containers from here down; zero while open, and for leaves.
+        std::uint32_t height = 0;
+        /// Its place on the stack while it is open, counted from one.
+        std::uint32_t level = 0;
+        Number number = 0;
+    };
+
+    /// One that is being decoded: the nodes of `first` and then of `second` are looked at one after the other.
+    struct Level {
+        Slot slot = none;
+        bool isContainer = false;
+        std::uint32_t height = 0;
+        std::span<const Index> first = {};
+        std::span<const Index> second = {};
+        std::size_t next = 0;
+        /// The highest level up to this one that holds an object; zero for none.
+        std::size_t objectLevel = 0;
+        std::shared_ptr<Value::Array> array = {};
+        std::shared_ptr<Value::Dictionary> dictionary = {};
+    };
+
+    void visit(Number number);
+    void meetAgain(const Decoded& decoded);
+    void begin(Number number, Index node);
+    void beginContainer(Slot slot);
+    void push(Level level);
+    void finishLevel();
+    void fill(Level& level, Decoded& decoded);
+    void fail(Decoded& decoded, ArchiveFailure::Reason reason);
+    Taken leaf(const Decoded& decoded);
+    Taken takeObject(Number number, Number holder);
+    Taken plain(Index node, Number holder);
+    Taken text(Index node, Number holder);
+
+    const PropertyList& list_;
+    const std::span<const Index> objects_;
+    const UnarchivingOptions& options_;
+    ArchivedClasses classes_;
+    TextAllowance textAllowance_;
+    /// How many entries containers may still have: no more, all together, than the file has references.
+    std::size_t entryAllowance_;
+    std::vector<Decoded> decoded_;
+    /// By node, so that one object under many numbers is decoded once. The node of a container's items leads to the
+    /// container that has them, so that containers which share them are one.
+    std::vector<Slot> slotOfNode_;
+    std::vector<Level> levels_;
+    std::unordered_map<Index, Value> data_;
+};
+
+}  // namespace zor

@@ -1,0 +1,63 @@
+#pragma once
+// A hash index into a table that its owner keeps: numbers by hash, in one block of memory.
+
+#include <cstdint>
+#include <vector>
+
+namespace zor {
+
+/// Spreads the bits of a number or an address over the whole hash.
+constexpr std::uint64_t hashOfBits(std::uint64_t bits) {
+    bits = (bits ^ bits >> 30) * 0xBF58'476D'1CE4'E5B9;
+    bits = (bits ^ bits >> 27) * 0x94D0'49BB'1331'11EB;
+    return bits ^ bits >> 31;
+}
+
+class FlatIndex {
+public:
+    using Number = std::uint32_t;
+
+    /// The number whose entry `matches`, or the one that `make` gives, which is noted under the hash.
+    /// `make` must not use this index.
+    template <typename Matches, typename Make>
+    Number findOrMake(std::uint64_t hash, Matches&& matches, Make&& make) {
+        if (used_ * 2 >= slots_.size()) grow();
+        const auto mark = static_cast<std::uint32_t>(hash);
+        Slot& slot = slots_[place(mark, [&](const Slot& taken) { return taken.mark == mark && matches(taken.number); })];
+        if (slot.number == empty) {
+            slot = {mark, make()};
+            ++used_;
+        }
+        return slot.number;
+    }
+
+private:
+    static constexpr Number empty = 0xFFFF'FFFF;
+    struct Slot {
+        std::uint32_t mark = 0;
+        Number number = empty;
+    };
+
+    /// Where the wanted slot is, or the empty one where it would be.
+    template <typename Wanted>
+    std::size_t place(std::uint32_t mark, Wanted&& wanted) const {
+        std::size_t position = mark & (slots_.size() - 1);
+        while (slots_[position].number != empty && !wanted(slots_[position])) {
+            position = (position + 1) & (slots_.size() - 1);
+        }
+        return position;
+    }
+
+    void grow() {
+        std::vector<Slot> old(slots_.empty() ? 64 : slots_.size() * 2);
+        old.swap(slots_);
+        for (const Slot& slot : old) {
+            if (slot.number != empty) slots_[place(slot.mark, [](const Slot&) { return false; })] = slot;
+        }
+    }
+
+    std::vector<Slot> slots_;
+    std::size_t used_ = 0;
+};
+
+}  // namespace zor

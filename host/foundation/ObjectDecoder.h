@@ -1,0 +1,58 @@
+#pragma once
+
+#include "host/foundation/ArchiveReader.h"
+#include "host/foundation/Coder.h"
+
+namespace zor {
+
+/// One object's values by key, for its initWithCoder.
+class ObjectDecoder final : public Decoder {
+public:
+    ObjectDecoder(ArchiveReader& reader, PropertyList::Index node, ArchiveReader::Number number)
+        : reader_(reader),
+          list_(reader.list()),
+          keys_(list_.keys(node)),
+          values_(list_.values(node)),
+          number_(number) {}
+
+    bool containsValueForKey(std::string_view key) const override { return find(key).has_value(); }
+    bool decodeBool(std::string_view key) override { return number(key).asBool(); }
+    std::int64_t decodeInteger(std::string_view key) override { return number(key).asInteger(); }
+    double decodeDouble(std::string_view key) override { return number(key).asReal(); }
+    Rect decodeRect(std::string_view key) override { return geometry(key, rectFromString, &Value::rect); }
+    Point decodePoint(std::string_view key) override { return geometry(key, pointFromString, &Value::point); }
+    Size decodeSize(std::string_view key) override { return geometry(key, sizeFromString, &Value::size); }
+    Value decodeValue(std::string_view key) override;
+    ObjectPtr context(std::string_view name) const override;
+
+    /// Why the first value that was asked for and cannot be decoded cannot be.
+    const ArchiveFailure& failure() const { return failure_; }
+
+private:
+    std::optional<PropertyList::Index> find(std::string_view key) const;
+    /// A boolean, integer or real; otherwise absent.
+    Value number(std::string_view key) const;
+
+    /// From its text, or from an array of numbers.
+    template <typename Shape>
+    Shape geometry(std::string_view key, Shape (*fromText)(std::string_view),
+                   std::optional<Shape> (Value::*fromValue)() const) {
+        const auto node = find(key);
+        if (!node) return {};
+        const auto plain = reader_.plainNode(*node);
+        if (plain && list_.kind(*plain) == PropertyList::Kind::string) return fromText(list_.string(*plain));
+        const Value value = reader_.take(*node, number_).value;
+        return value.isString() ? fromText(value.asString()) : (value.*fromValue)().value_or(Shape{});
+    }
+
+    ArchiveReader& reader_;
+    const PropertyList& list_;
+    const std::span<const PropertyList::Index> keys_;
+    const std::span<const PropertyList::Index> values_;
+    const ArchiveReader::Number number_;
+    /// Values are mostly asked for in the order in which they were written: behind the last key found is the next.
+    mutable std::size_t cursor_ = 0;
+    ArchiveFailure failure_;
+};
+
+}  // namespace zor
