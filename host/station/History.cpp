@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "host/foundation/MainQueue.h"
+#include "host/foundation/NotificationCenter.h"
 
 namespace zor {
 
@@ -183,9 +184,11 @@ void History::fetchMissing(std::string_view key, TimeSpan span) {
 
 void History::arrived(const Request& request, std::vector<Sample> samples) {
     if (request.generation != generation_ || !merge(request, std::move(samples))) return;
-    // The observer may replace itself or drop the history.
+    // The observers may replace themselves or drop the history.
+    const auto keepAlive = weak_from_this().lock();
     const auto observer = observer_;
     if (observer) observer();
+    NotificationCenter::defaultCenter().post(kHistoryDidFetchNotification, this);
 }
 
 bool History::merge(const Request& request, std::vector<Sample> samples) {

@@ -14,6 +14,9 @@
 
 namespace zor {
 
+/// Posted on the main thread with the history as its sender, when fetched samples have come that were not known before.
+inline constexpr std::string_view kHistoryDidFetchNotification = "kHistoryDidFetchNotification";
+
 /// Where a station's past comes from: an archive or the history store. Called on a worker thread; may block.
 class HistoryLoader {
 public:
