@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <numbers>
 
 #include "host/foundation/ClassBuilder.h"
 #include "host/instruments/InstrumentDrawing.h"
+#include "host/station/ValueFormats.h"
 
 namespace zor {
 
@@ -108,10 +108,10 @@ void ZORMapView::drawRect(DrawingContext& context, const Rect&) {
 }
 
 std::string textOfCoordinates(double latitude, double longitude) {
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%.3f° %c, %.3f° %c", std::abs(latitude), latitude < 0 ? 'S' : 'N',
-                  std::abs(longitude), longitude < 0 ? 'W' : 'E');
-    return text.data();
+    const auto degrees = [](double value) {
+        return formatValue(std::abs(value), baseUnit(Quantity::none), plainValueFormat, 3) + "° ";
+    };
+    return degrees(latitude) + (latitude < 0 ? "S, " : "N, ") + degrees(longitude) + (longitude < 0 ? "W" : "E");
 }
 
 }  // namespace zor

@@ -39,8 +39,10 @@ public:
 
     /// "container" where it hosts a canvas.
     std::string kind() const;
-    std::shared_ptr<View> targetView() const { return targetView_; }
-    /// Becomes the only child, as large as the widget unless it is a canvas, which keeps its own size.
+    /// The only child, also where it came by other ways than `setTargetView`; may be absent.
+    std::shared_ptr<View> targetView() const;
+    /// Becomes the only child, as large as the widget unless it is a canvas, which keeps its own size. None leaves the
+    /// widget empty.
     void setTargetView(const std::shared_ptr<View>& view);
     /// The target as an instrument, or none.
     std::shared_ptr<ZORInstrumentView> instrument() const;
@@ -53,7 +55,8 @@ public:
     void setFrameYCoordinate(double y);
     void setFrameWidth(double width);
     void setFrameHeight(double height);
-    void setFrame(const Rect& frame) override;
+    /// The target follows the widget's size.
+    void layout() override;
 
     std::int64_t zOrder() const { return zOrder_; }
     void setZOrder(std::int64_t order) { zOrder_ = order; }
@@ -63,13 +66,14 @@ public:
     void setAllowResize(bool allow);
     bool editable() const { return editable_; }
     void setEditable(bool editable) { editable_ = editable; }
+    /// Whether it is being resized by its handle.
     bool inLiveResize() const { return inLiveResize_; }
     void setInLiveResize(bool live) { inLiveResize_ = live; }
     std::optional<std::string> title() const { return title_; }
     void setTitle(std::optional<std::string> title) { title_ = std::move(title); }
     /// The instrument's settings, for the property panel.
     const SettingList& properties() const;
-    /// From a counter, never used twice.
+    /// From a counter that starts at 1, never used twice.
     std::int64_t hash() const { return hash_; }
 
     /// Where a gesture began; written by the editor, in points.
@@ -95,26 +99,39 @@ public:
     void mouseDown(const EventPtr& event) override;
     void mouseDragged(const EventPtr& event) override;
     void mouseUp(const EventPtr& event) override;
+    /// The widget stands for its instrument; only a canvas takes events itself.
     View* hitTest(Point point) override;
+    /// White paper under a canvas.
+    void drawRect(DrawingContext& context, const Rect& dirty) override;
+    /// The selection look and the resize handle.
     void drawOverlay(DrawingContext& context, const Rect& dirty) override;
 
-    /// Whether the pasteboard holds widgets, and the collection that it holds, each time made anew.
+    /// Whether the pasteboard holds the type of widgets, and the collection that it holds, each time made anew; nothing
+    /// where the data is none.
     static bool canReadFromPasteboard(const Pasteboard& pasteboard);
     static std::optional<std::vector<std::shared_ptr<ZORWidgetHostView>>> readFromPasteboard(
         const Pasteboard& pasteboard);
 
 private:
-    static std::shared_ptr<ZORWidgetHostView> hosting(const Rect& rect, const std::shared_ptr<View>& target);
+    /// A resizing by the handle from its press on, in the parent's coordinates.
+    struct Resizing {
+        Point start;
+        Size sizeAtStart;
+    };
 
-    std::shared_ptr<View> targetView_;
+    static std::shared_ptr<ZORWidgetHostView> hosting(const Rect& rect, const std::shared_ptr<View>& target);
+    bool hostsCanvas() const;
+    bool isHandlePress(const Event& event) const;
+    bool isTopmostAt(Point locationInWindow) const;
+    Point pointInParent(const Event& event) const;
+
     std::optional<std::string> title_;
     std::int64_t hash_;
     std::int64_t zOrder_ = 0;
     Point mouseDownRelativeOffset_;
     Point mouseDownPoint_;
     Point clickOffset_;
-    Rect resizeStartFrame_;
-    Point resizeStartPoint_;
+    std::optional<Resizing> resizing_;
     bool selected_ = false;
     bool allowResize_ = false;
     bool editable_ = false;

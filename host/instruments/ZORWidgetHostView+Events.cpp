@@ -1,0 +1,59 @@
+#include <algorithm>
+
+#include "host/instruments/ZORWidgetHostView.h"
+#include "host/views/Event.h"
+
+namespace zor {
+
+View* ZORWidgetHostView::hitTest(Point point) {
+    View* hit = View::hitTest(point);
+    return hit && !hostsCanvas() ? this : hit;
+}
+
+Rect ZORWidgetHostView::resizeHandle() const {
+    return {bounds().width - handleSide, bounds().height - handleSide, handleSide, handleSide};
+}
+
+bool ZORWidgetHostView::isHandlePress(const Event& event) const {
+    const Point point = convertPointFromView(event.locationInWindow(), nullptr);
+    return allowResize_ && !event.hasFlag(controlKeyMask) && pointInRect(point, resizeHandle()) &&
+           isTopmostAt(event.locationInWindow());
+}
+
+/// Presses come up the chain too: those on a canvas reach its container.
+bool ZORWidgetHostView::isTopmostAt(Point locationInWindow) const {
+    View* root = superview();
+    while (root && root->superview()) root = root->superview();
+    return root && root->hitTest(locationInWindow) == this;
+}
+
+Point ZORWidgetHostView::pointInParent(const Event& event) const {
+    const Point location = event.locationInWindow();
+    return superview() ? superview()->convertPointFromView(location, nullptr) : location;
+}
+
+void ZORWidgetHostView::mouseDown(const EventPtr& event) {
+    if (isHandlePress(*event)) {
+        resizing_ = Resizing{pointInParent(*event), frame().size()};
+        inLiveResize_ = true;
+    }
+    View::mouseDown(event);
+}
+
+void ZORWidgetHostView::mouseDragged(const EventPtr& event) {
+    // Whoever remembers frames at the start of a drag must see the one from before.
+    View::mouseDragged(event);
+    if (!resizing_) return;
+    const Point at = pointInParent(*event);
+    const Size size{std::max(leastSide, resizing_->sizeAtStart.width + at.x - resizing_->start.x),
+                    std::max(leastSide, resizing_->sizeAtStart.height + at.y - resizing_->start.y)};
+    setFrame({frame().x, frame().y, size.width, size.height});
+}
+
+void ZORWidgetHostView::mouseUp(const EventPtr& event) {
+    resizing_.reset();
+    inLiveResize_ = false;
+    View::mouseUp(event);
+}
+
+}  // namespace zor
