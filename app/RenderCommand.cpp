@@ -1,0 +1,65 @@
+#include <algorithm>
+
+#include "app/Commands.h"
+#include "app/Runtime.h"
+#include "app/SiteSession.h"
+#include "host/foundation/SafeFile.h"
+
+namespace zor {
+
+namespace {
+
+std::shared_ptr<ZORPlugIn> dashboardTitled(const std::vector<std::shared_ptr<ZORPlugIn>>& dashboards,
+                                           const std::string& title) {
+    const auto found = std::ranges::find_if(dashboards, [&](const auto& each) { return each->title() == title; });
+    return found == dashboards.end() ? nullptr : *found;
+}
+
+std::string listedTitles(const std::vector<std::shared_ptr<ZORPlugIn>>& dashboards) {
+    std::string titles;
+    for (const auto& each : dashboards) {
+        titles += (titles.empty() ? "\"" : ", \"") + each->title().value_or("Untitled") + "\"";
+    }
+    return titles.empty() ? "none" : titles;
+}
+
+int run(std::span<const std::string> words) {
+    static constexpr std::array<std::string_view, 3> options{"--dashboard", "-o", "--output"};
+    const auto arguments = Arguments::parse(words, options);
+    if (!arguments) return failUsage(renderCommand, arguments.error().message);
+    const auto output = arguments->option("-o") ? arguments->option("-o") : arguments->option("--output");
+    if (arguments->words().size() != 1) return failUsage(renderCommand, "name one SITE");
+    if (!output) return failUsage(renderCommand, "say where to write with -o FILE.png or -o FILE.pdf");
+    const bool pdf = output->ends_with(".pdf");
+    if (!pdf && !output->ends_with(".png")) {
+        return failUsage(renderCommand, "the output's name must end in .png or .pdf: " + *output);
+    }
+
+    HeadlessRuntime runtime;
+    auto session = SiteSession::open(arguments->words()[0], runtime.plugIns());
+    if (!session) return fail(session.error().message);
+    (*session)->readOnce();
+    if (!(*session)->trouble().empty()) fail((*session)->trouble());
+
+    const auto dashboards = dashboardsOf(*(*session)->document());
+    const auto title = arguments->option("--dashboard");
+    const auto dashboard =
+        title ? dashboardTitled(dashboards, *title) : (*session)->document()->siteWindowController()->selectedPlugIn();
+    if (!dashboard) {
+        return fail((title ? "there is no dashboard titled \"" + *title + "\"" : "there is no dashboard") +
+                    "; there are: " + listedTitles(dashboards));
+    }
+    const Value scale = 1.0;
+    const Value picture = pdf ? dashboard->perform("pdfRepresentation")
+                              : dashboard->perform("pngImageWithScale:", {&scale, 1});
+    if (!picture.isData()) return fail("the dashboard has no size that can be drawn");
+    const auto status = writeFileAtomically(*output, picture.asData());
+    return status ? 0 : fail(status.error().message);
+}
+
+}  // namespace
+
+const Command renderCommand{"render", "render SITE [--dashboard TITLE] -o FILE.png|FILE.pdf",
+                            "Draws one dashboard with the station's current values.", run};
+
+}  // namespace zor

@@ -1,0 +1,103 @@
+#include "app/SiteSession.h"
+
+#include <algorithm>
+
+#include "host/instruments/StandardWidgets.h"
+#include "stations/history/HistoryStore.h"
+#include "stations/simulator/SimulatedStation.h"
+#include "stations/weewx/WeewxStation.h"
+
+namespace zor {
+
+DriverResult makeDriver(const AgentConfiguration& configuration) {
+    if (configuration.driver == "simulator") return SimulatedStation::create(configuration.settings);
+    if (configuration.driver == "weewx") return WeewxStation::create(configuration.settings);
+    return Error{"there is no station driver named \"" + configuration.driver + "\" (there are simulator and weewx)"};
+}
+
+std::vector<std::shared_ptr<ZORPlugIn>> dashboardsOf(const SiteDocument& document) {
+    return document.siteWindowController()->plugIns();
+}
+
+Result<std::shared_ptr<SiteSession>> SiteSession::startNew(AgentConfiguration configuration,
+                                                           const PlugInLibrary& plugIns) {
+    auto agent = Agent::withName("Station");
+    agent->setConfiguration(std::move(configuration));
+    std::shared_ptr<SiteSession> session(new SiteSession);
+    session->document_ = SiteDocument::create(agent, plugIns.bundles());
+    if (const auto status = session->connect(); !status) return status.error();
+    agent->setName(session->driver_->stationName());
+    return session;
+}
+
+Result<std::shared_ptr<SiteSession>> SiteSession::open(const std::string& site, const PlugInLibrary& plugIns) {
+    if (site == "demo") {
+        auto session = startNew({}, plugIns);
+        if (session) (*session)->addCatalogue();
+        return session;
+    }
+    auto document = SiteDocument::open(site, plugIns.bundles());
+    if (!document) return document.error();
+    std::shared_ptr<SiteSession> session(new SiteSession);
+    session->document_ = *document;
+    // A station that cannot be reached does not keep the document from opening.
+    if (const auto status = session->connect(); !status) session->trouble_ = status.error().message;
+    return session;
+}
+
+SiteSession::~SiteSession() {
+    stop();
+    if (document_) document_->close();
+}
+
+Status SiteSession::connect() {
+    agent()->setDashboardWidgetsMaker(standardWidgets);
+    auto driver = makeDriver(agent()->configuration());
+    if (!driver) return driver.error();
+    driver_ = *driver;
+    agent()->history()->setLoader(driver_->historyLoader());
+    // The properties must be there before a dashboard is built for them.
+    agent()->takeReading(driver_->currentReading());
+    return success();
+}
+
+void SiteSession::addCatalogue() {
+    const auto controller = document_->siteWindowController();
+    for (const auto& entry : document_->entryPlugIns()) {
+        const auto rows = entry->perform("dashboardsArray").asArray();
+        for (std::size_t row = 0; row < rows.size(); ++row) {
+            const Value argument = static_cast<std::int64_t>(row);
+            const auto made = entry->perform("dashboardForRow:", {&argument, 1}).as<ZORPlugIn>();
+            if (made) controller->addPlugIn(made, false, false);
+        }
+    }
+    if (!controller->plugIns().empty()) controller->selectPlugInAtIndex(0);
+}
+
+void SiteSession::readOnce() {
+    agent()->history()->setSynchronous(true);
+}
+
+void SiteSession::start(const std::shared_ptr<HistoryStore>& store) {
+    if (!driver_) return;
+    const bool keep = driver_->isLive() && store;
+    const std::string site = agent()->name();
+    if (keep && !driver_->historyLoader()) agent()->history()->setLoader(store->loader(site));
+    std::weak_ptr<Agent> station = agent();
+    driver_->start({.reading =
+                        [=](Reading reading) {
+                            if (keep) store->append(site, reading);
+                            if (auto owner = station.lock()) owner->takeReading(std::move(reading));
+                        },
+                    .trouble =
+                        [this](std::string sentence) {
+                            trouble_ = std::move(sentence);
+                            if (troubleObserver_) troubleObserver_();
+                        }});
+}
+
+void SiteSession::stop() {
+    if (driver_) driver_->stop();
+}
+
+}  // namespace zor

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "app/PlugInLibrary.h"
+#include "host/station/SiteDocument.h"
+#include "host/station/StationDriver.h"
+
+namespace zor {
+
+class HistoryStore;
+
+/// One open Site Document with the station behind it.
+class SiteSession {
+public:
+    /// A new document for a station, without dashboards.
+    static Result<std::shared_ptr<SiteSession>> startNew(AgentConfiguration configuration,
+                                                         const PlugInLibrary& plugIns);
+    /// A saved document, or "demo": the simulated station with every dashboard of the catalogue.
+    static Result<std::shared_ptr<SiteSession>> open(const std::string& site, const PlugInLibrary& plugIns);
+    ~SiteSession();
+
+    const std::shared_ptr<SiteDocument>& document() const { return document_; }
+    const std::shared_ptr<Agent>& agent() const { return document_->agent(); }
+
+    /// Every dashboard of every catalogue is added; the first is selected.
+    void addCatalogue();
+    /// The newest reading and the history, at once and in this thread; nothing runs afterwards. For pictures.
+    void readOnce();
+    /// The station's readings arrive from now on. Live readings go to the history store where there is one.
+    void start(const std::shared_ptr<HistoryStore>& store);
+    void stop();
+
+    /// What is wrong with the station now; empty when it works.
+    const std::string& trouble() const { return trouble_; }
+    void setTroubleObserver(std::function<void()> observer) { troubleObserver_ = std::move(observer); }
+
+private:
+    SiteSession() = default;
+    Status connect();
+
+    std::shared_ptr<SiteDocument> document_;
+    std::shared_ptr<StationDriver> driver_;
+    std::string trouble_;
+    std::function<void()> troubleObserver_;
+};
+
+/// The driver of that name; the error names an unknown driver or what is wrong with the settings.
+DriverResult makeDriver(const AgentConfiguration& configuration);
+/// The dashboards that the site window lists, in order.
+std::vector<std::shared_ptr<ZORPlugIn>> dashboardsOf(const SiteDocument& document);
+
+}  // namespace zor
