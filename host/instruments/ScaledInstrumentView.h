@@ -45,6 +45,8 @@ public:
     void setThresholds(Thresholds thresholds) { store(thresholds_, sortedThresholds(std::move(thresholds))); }
 
 protected:
+    /// From 0 at the minimum to 1 at the maximum; what lies beyond stays there.
+    double fractionOf(double value) const;
     /// Where the value stands, from 0 to 1; nothing without one.
     std::optional<double> currentFraction() const;
     /// The colour of the value; the bar's own without one.
@@ -62,7 +64,6 @@ private:
     };
     Range range() const { return automaticRange_ ? usualRange() : range_; }
     Range usualRange() const;
-    double fractionOf(double value) const;
     std::vector<ScaleMark> marksInSteps(int mostSteps) const;
 
     Range range_;

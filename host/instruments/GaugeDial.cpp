@@ -1,0 +1,99 @@
+#include <cmath>
+#include <numbers>
+
+#include "host/instruments/GaugeGeometry.h"
+#include "host/instruments/GaugeParts.h"
+
+namespace zor {
+
+namespace {
+
+// In parts of the radius.
+constexpr double trackRadius = 0.865;
+constexpr double trackWidth = 0.055;
+constexpr double tickOuter = 0.82;
+constexpr double majorTickInner = 0.745;
+constexpr double minorTickInner = 0.785;
+constexpr double numberRadius = 0.635;
+constexpr double numberSize = 0.105;
+
+// In points: what is smaller is left out.
+constexpr double leastNumberSize = 7.5;
+constexpr double leastRadiusWithUnit = 40;
+constexpr double leastRadiusWithTitle = 55;
+
+double arcLength(double radius) {
+    return radius * dialSweep * std::numbers::pi / 180;
+}
+
+void drawTrack(const GaugeParts& parts, const DialContent& content) {
+    const auto stroke = [&](double from, double to, Color color, LineCap cap) {
+        parts.context().strokePath(arcBetweenBearings(parts.center(), parts.points(trackRadius), dialBearing(from),
+                                                      dialBearing(to)),
+                                   {.color = color, .width = parts.points(trackWidth), .cap = cap});
+    };
+    stroke(0, 1, parts.inks().hairline.withAlpha(0.65), LineCap::butt);
+    for (const auto& band : content.bands) {
+        if (band.to > band.from) stroke(band.from, band.to, band.color, LineCap::butt);
+    }
+}
+
+void drawMarks(const GaugeParts& parts, const DialContent& content) {
+    Path fine;
+    Path strong;
+    const auto numbers = dialNumberFont(parts.points(1));
+    for (const auto& mark : content.marks) {
+        const double bearing = dialBearing(mark.fraction);
+        if (mark.label.empty()) {
+            fine.addSegment(parts.at(tickOuter, bearing), parts.at(minorTickInner, bearing));
+            continue;
+        }
+        strong.addSegment(parts.at(tickOuter, bearing), parts.at(majorTickInner, bearing));
+        if (!numbers) continue;
+        const Rect box = squareAround(parts.at(numberRadius, bearing), parts.points(0.2));
+        parts.context().drawText(mark.label, box, *numbers, parts.inks().ink, TextAlignment::center,
+                                 VerticalAlignment::center);
+    }
+    parts.context().strokePath(fine, {.color = parts.inks().secondary, .width = std::fmax(0.5, parts.points(0.009))});
+    parts.context().strokePath(strong, {.color = parts.inks().ink, .width = std::fmax(1, parts.points(0.017))});
+}
+
+}  // namespace
+
+std::optional<Font> dialNumberFont(double radius) {
+    const Font font{.size = radius * numberSize};
+    return font.size >= leastNumberSize ? std::optional(font) : std::nullopt;
+}
+
+double dialNumberLength(double radius) {
+    return arcLength(radius * numberRadius);
+}
+
+double dialScaleLength(double radius) {
+    return arcLength(radius * tickOuter);
+}
+
+void drawDial(DrawingContext& context, const Rect& bounds, const DialContent& content, const GaugeStyle& style) {
+    const GaugeParts parts(context, bounds, style);
+    const double radius = parts.points(1);
+    const bool hasNumbers = dialNumberFont(radius).has_value();
+    parts.drawFace();
+    drawTrack(parts, content);
+    drawMarks(parts, content);
+    if (radius >= leastRadiusWithTitle) parts.drawTitle(content.title, -0.33, {0.78, 0.24}, 0.115);
+    // Without numbers on its sides there is more room for the value.
+    if (hasNumbers) {
+        parts.drawLine(content.value, 0.55, {0.72, 0.28}, parts.valueFont(0.25), parts.inks().ink);
+    } else {
+        parts.drawLine(content.value, 0.52, {0.92, 0.4}, parts.valueFont(0.36), parts.inks().ink);
+    }
+    if (radius >= leastRadiusWithUnit) {
+        parts.drawLine(content.unit, 0.77, {0.5, 0.15}, parts.font(0.12), parts.inks().secondary);
+    }
+    if (content.needle) {
+        parts.drawNeedle(dialBearing(*content.needle), {.tail = -0.17, .shoulder = 0, .tip = 0.79, .width = 0.075});
+    }
+    parts.drawHub();
+}
+
+}  // namespace zor
