@@ -174,14 +174,14 @@ TEST_F(BundleTest, ModuleMayRegisterThroughItsExportedFunction) {
 
 TEST_F(BundleTest, ModuleMustDeclareTheClassesNamed) {
     classes("AbsentPlugIn", "AbsentDocument");
-    const auto bundle = openWithModule(ZOR_FunctionModule);
+    const auto bundle = openWithModule(ZOR_EmptyModule);
     ASSERT_TRUE(bundle);
     EXPECT_EQ(loadingError(*bundle), "Sample.zorplugin: the module declares no class \"AbsentPlugIn\"");
 }
 
 TEST_F(BundleTest, ClassOfTheHostIsNotTheModules) {
     classes("Object", "Object");
-    const auto bundle = openWithModule(ZOR_FunctionModule);
+    const auto bundle = openWithModule(ZOR_EmptyModule);
     ASSERT_TRUE(bundle);
     EXPECT_EQ(loadingError(*bundle), "Sample.zorplugin: the class \"Object\" is another's already");
 }

@@ -1,0 +1,3 @@
+// A module that declares no class.
+
+extern "C" int zorEmptyModule() { return 0; }
