@@ -142,9 +142,8 @@ void ScrollView::drawRuler(DrawingContext& context, const Rect& dirty) const {
     const double top = port.y - offset_.y;
     const double first = std::floor((shown.y - labelHeight - top) / step) * step;
     Path ticks;
-    const int count = static_cast<int>((shown.height + labelHeight) / step) + 2;
-    for (int i = 0; i < count; ++i) {
-        const double y = first + i * step;
+    // So far out that a step makes no difference there are no ticks.
+    for (double y = first; top + y < shown.maxY() && y + step > y; y += step) {
         const bool labelled = std::fmod(y, labelStep) == 0;
         const double length = labelled ? rulerThickness : std::fmod(y, labelStep / 2) == 0 ? 8 : 4;
         ticks.addSegment({ruler.maxX() - length, top + y + 0.5}, {ruler.maxX(), top + y + 0.5});
