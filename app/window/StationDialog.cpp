@@ -1,0 +1,77 @@
+#include "app/window/StationDialog.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+
+namespace zor {
+
+StationDialog::StationDialog(QWidget* parent) : QDialog(parent) {
+    setWindowTitle(tr("New Site"));
+    driver_ = new QComboBox(this);
+    driver_->addItem(tr("Demo station (simulated)"), "simulator");
+    driver_->addItem(tr("weewx archive (SQLite)"), "weewx");
+    file_ = new QLineEdit(this);
+    file_->setPlaceholderText(tr("weewx.sdb"));
+    browse_ = new QPushButton(tr("Choose..."), this);
+    name_ = new QLineEdit(this);
+    name_->setPlaceholderText(tr("from the station"));
+    units_ = new QComboBox(this);
+    units_->addItem(tr("Metric (°C, hPa, km/h, mm)"), "metric");
+    units_->addItem(tr("US (°F, inHg, mph, in)"), "us");
+    units_->addItem(tr("UK (°C, hPa, mph, mm)"), "uk");
+    units_->addItem(tr("SI (°C, hPa, m/s, mm)"), "si");
+    const auto system = QLocale::system().measurementSystem();
+    units_->setCurrentIndex(system == QLocale::ImperialUSSystem ? 1 : system == QLocale::ImperialUKSystem ? 2 : 0);
+
+    auto* fileRow = new QHBoxLayout;
+    fileRow->addWidget(file_);
+    fileRow->addWidget(browse_);
+    auto* form = new QFormLayout(this);
+    form->addRow(tr("&Station:"), driver_);
+    form->addRow(tr("&Archive:"), fileRow);
+    form->addRow(tr("&Name:"), name_);
+    form->addRow(tr("&Units:"), units_);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    accept_ = buttons->button(QDialogButtonBox::Ok);
+    accept_->setText(tr("Create"));
+    form->addRow(buttons);
+    setMinimumWidth(460);
+
+    connect(driver_, &QComboBox::currentIndexChanged, this, [this] { refresh(); });
+    connect(file_, &QLineEdit::textChanged, this, [this] { refresh(); });
+    connect(browse_, &QPushButton::clicked, this, [this] { chooseFile(); });
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    refresh();
+}
+
+AgentConfiguration StationDialog::configuration() const {
+    AgentConfiguration configuration;
+    configuration.driver = driver_->currentData().toString().toStdString();
+    configuration.unitSystem = unitSystemNamed(units_->currentData().toString().toStdString());
+    if (readsArchive()) configuration.settings["file"] = file_->text().toStdString();
+    if (!name_->text().trimmed().isEmpty()) configuration.settings["name"] = name_->text().trimmed().toStdString();
+    return configuration;
+}
+
+bool StationDialog::readsArchive() const { return driver_->currentData().toString() == "weewx"; }
+
+void StationDialog::refresh() {
+    file_->setEnabled(readsArchive());
+    browse_->setEnabled(readsArchive());
+    accept_->setEnabled(!readsArchive() || !file_->text().isEmpty());
+}
+
+void StationDialog::chooseFile() {
+    const QString file = QFileDialog::getOpenFileName(this, tr("weewx Archive"), {},
+                                                      tr("SQLite archives (*.sdb *.db *.sqlite);;All files (*)"));
+    if (!file.isEmpty()) file_->setText(file);
+}
+
+}  // namespace zor
