@@ -1,0 +1,117 @@
+#include "qt/PngWriter.h"
+
+#include <cmath>
+
+#ifdef ZOR_HAS_LIBDEFLATE
+#include <libdeflate.h>
+
+#include <cstring>
+#include <initializer_list>
+#include <string_view>
+#else
+#include <QBuffer>
+#endif
+
+namespace zor {
+
+namespace {
+constexpr int pixelsPerMetre = 2835;  // 72 per inch, rounded
+}
+
+#ifdef ZOR_HAS_LIBDEFLATE
+
+// The format is that of ISO/IEC 15948: a signature, then chunks of length, type, contents and CRC-32.
+namespace {
+
+constexpr int bytesPerPixel = 4;
+/// Six times as fast as the best level, for a tenth more bytes.
+constexpr int compressionLevel = 4;
+
+void appendNumber(Bytes& file, std::uint32_t value) {
+    for (const int shift : {24, 16, 8, 0}) file.push_back(static_cast<std::uint8_t>(value >> shift));
+}
+
+/// Begins a chunk whose contents are then appended; gives its place for endChunk.
+std::size_t beginChunk(Bytes& file, std::string_view type) {
+    const std::size_t start = file.size();
+    appendNumber(file, 0);
+    file.insert(file.end(), type.begin(), type.end());
+    return start;
+}
+
+void endChunk(Bytes& file, std::size_t start) {
+    Bytes length;
+    appendNumber(length, static_cast<std::uint32_t>(file.size() - start - 8));
+    std::ranges::copy(length, file.begin() + static_cast<std::ptrdiff_t>(start));
+    appendNumber(file, libdeflate_crc32(0, file.data() + start + 4, file.size() - start - 4));
+}
+
+/// Every row as its difference from the row above, after the number of that filter.
+Bytes filteredRows(const QImage& rgba) {
+    constexpr std::uint8_t upFilter = 2;
+    const auto rowBytes = static_cast<std::size_t>(rgba.width()) * bytesPerPixel;
+    Bytes rows((rowBytes + 1) * static_cast<std::size_t>(rgba.height()));
+    std::uint8_t* out = rows.data();
+    const Bytes ground(rowBytes, 0);
+    const std::uint8_t* above = ground.data();
+    for (int y = 0; y < rgba.height(); ++y) {
+        const std::uint8_t* row = rgba.constScanLine(y);
+        *out++ = upFilter;
+        for (std::size_t i = 0; i < rowBytes; ++i) out[i] = static_cast<std::uint8_t>(row[i] - above[i]);
+        out += rowBytes;
+        above = row;
+    }
+    return rows;
+}
+
+bool appendCompressed(Bytes& file, const Bytes& data) {
+    const std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)> compressor(
+        libdeflate_alloc_compressor(compressionLevel), &libdeflate_free_compressor);
+    if (!compressor) return false;
+    const std::size_t start = file.size();
+    file.resize(start + libdeflate_zlib_compress_bound(compressor.get(), data.size()));
+    const std::size_t written = libdeflate_zlib_compress(compressor.get(), data.data(), data.size(),
+                                                         file.data() + start, file.size() - start);
+    file.resize(start + written);
+    return written > 0;
+}
+
+}  // namespace
+
+std::shared_ptr<const Bytes> pngOfImage(const QImage& image) {
+    const QImage rgba = image.convertToFormat(QImage::Format_RGBA8888);
+    if (rgba.isNull()) return {};
+    Bytes file{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
+    const std::size_t header = beginChunk(file, "IHDR");
+    appendNumber(file, static_cast<std::uint32_t>(rgba.width()));
+    appendNumber(file, static_cast<std::uint32_t>(rgba.height()));
+    // Eight bits per channel, true colour with alpha, the only compression and filter method, not interlaced.
+    file.insert(file.end(), {8, 6, 0, 0, 0});
+    endChunk(file, header);
+    const std::size_t resolution = beginChunk(file, "pHYs");
+    appendNumber(file, pixelsPerMetre);
+    appendNumber(file, pixelsPerMetre);
+    file.push_back(1);
+    endChunk(file, resolution);
+    const std::size_t pixels = beginChunk(file, "IDAT");
+    if (!appendCompressed(file, filteredRows(rgba))) return {};
+    endChunk(file, pixels);
+    endChunk(file, beginChunk(file, "IEND"));
+    return std::make_shared<const Bytes>(std::move(file));
+}
+
+#else
+
+std::shared_ptr<const Bytes> pngOfImage(const QImage& image) {
+    QImage measured = image.convertToFormat(QImage::Format_RGBA8888);
+    measured.setDotsPerMeterX(pixelsPerMetre);
+    measured.setDotsPerMeterY(pixelsPerMetre);
+    QByteArray file;
+    QBuffer buffer(&file);
+    if (!measured.save(&buffer, "PNG")) return {};
+    return std::make_shared<const Bytes>(file.begin(), file.end());
+}
+
+#endif
+
+}  // namespace zor

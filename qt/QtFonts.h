@@ -1,0 +1,59 @@
+#pragma once
+// The one place where fonts are chosen and text is measured. Main thread only.
+
+#include <QGlyphRun>
+#include <QRawFont>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/foundation/Font.h"
+#include "host/foundation/Result.h"
+#include "host/views/Toolkit.h"
+
+namespace zor {
+
+/// Text ready to be drawn: every glyph has its place, in points from the left end of its line's base line.
+struct TextBlock {
+    struct Line {
+        double width = 0;
+        std::vector<QGlyphRun> runs;
+    };
+    std::vector<Line> lines;
+    /// From the top of a line to its base line, and to the next line.
+    double ascent = 0;
+    double lineHeight = 0;
+
+    /// The widest line, and all lines together.
+    Size size() const;
+};
+
+/// Text is shaped once at a large size without hinting and scaled from there, so that its extents grow in proportion
+/// to the font's size and are the same on every device.
+class QtFonts {
+public:
+    static QtFonts& shared();
+
+    /// Lives until the next call. A size that is no positive number gives a block without extent.
+    const TextBlock& block(std::string_view text, const Font& font);
+    Size sizeOfText(std::string_view text, const Font& font) { return block(text, font).size(); }
+    FontMetrics metrics(const Font& font);
+    /// Makes a font file available by its family name.
+    Status activate(const std::filesystem::path& file);
+
+private:
+    struct Face;
+
+    const Face& face(const Font& font);
+    TextBlock::Line shape(const QString& text, const Face& face, double size);
+    const QRawFont& scaled(const QRawFont& font, double size);
+
+    std::map<std::string, std::unique_ptr<Face>, std::less<>> faces_;
+    std::vector<std::pair<QRawFont, std::map<double, QRawFont>>> scaledFonts_;
+    std::unordered_map<std::string, TextBlock> blocks_;
+};
+
+}  // namespace zor
