@@ -32,8 +32,8 @@ void Menu::addSeparator() {
 }
 
 bool Menu::performItemWithTitle(std::string_view title) {
-    const auto found = std::ranges::find_if(
-        items_, [&](const MenuItem& item) { return !item.isSeparator && item.title == title; });
+    const auto found =
+        std::ranges::find_if(items_, [&](const MenuItem& item) { return !item.isSeparator && item.title == title; });
     return performItemAtIndex(static_cast<std::size_t>(found - items_.begin()));
 }
 

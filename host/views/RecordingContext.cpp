@@ -51,8 +51,8 @@ void append(std::string& line, const Font& font) {
 }  // namespace
 
 Rect Transform::apply(const Rect& rect) const {
-    const std::array corners{apply(rect.origin()), apply(Point{rect.maxX(), rect.y}),
-                             apply(Point{rect.x, rect.maxY()}), apply(Point{rect.maxX(), rect.maxY()})};
+    const std::array corners{apply(rect.origin()), apply(Point{rect.maxX(), rect.y}), apply(Point{rect.x, rect.maxY()}),
+                             apply(Point{rect.maxX(), rect.maxY()})};
     const auto [left, right] = std::ranges::minmax(corners, {}, &Point::x);
     const auto [top, bottom] = std::ranges::minmax(corners, {}, &Point::y);
     return {left.x, top.y, right.x - left.x, bottom.y - top.y};
@@ -60,8 +60,12 @@ Rect Transform::apply(const Rect& rect) const {
 
 Transform Transform::after(const Transform& first) const {
     const Point origin = apply(Point{first.tx, first.ty});
-    return {a * first.a + c * first.b, b * first.a + d * first.b, a * first.c + c * first.d,
-            b * first.c + d * first.d, origin.x, origin.y};
+    return {a * first.a + c * first.b,
+            b * first.a + d * first.b,
+            a * first.c + c * first.d,
+            b * first.c + d * first.d,
+            origin.x,
+            origin.y};
 }
 
 std::vector<std::array<double, 4>> DrawingOperation::segments() const {

@@ -80,8 +80,7 @@ Point ScrollView::largestOffset() const {
     const auto document = documentView();
     if (!document) return {};
     const Rect port = viewport();
-    return {std::max(0.0, document->frame().width - port.width),
-            std::max(0.0, document->frame().height - port.height)};
+    return {std::max(0.0, document->frame().width - port.width), std::max(0.0, document->frame().height - port.height)};
 }
 
 Point ScrollView::bounded(Point offset) const {

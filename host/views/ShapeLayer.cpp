@@ -62,8 +62,8 @@ double ShapeLayer::secondsRunning() const {
 }
 
 double ShapeLayer::animatedValue(std::string_view keyPath, double seconds, double fallback) const {
-    const auto found =
-        std::ranges::find(animations_, keyPath, [](const auto& entry) -> const auto& { return entry.second.keyPath; });
+    const auto found = std::ranges::find(
+        animations_, keyPath, [](const auto& entry) -> const auto& { return entry.second.keyPath; });
     if (found == animations_.end()) return fallback;
     const BasicAnimation& animation = found->second;
     const double runs = animation.duration > 0 ? seconds / animation.duration : 1;

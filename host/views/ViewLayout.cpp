@@ -35,24 +35,42 @@ struct Wanted {
 
     void set(LayoutAttribute attribute, double value) {
         switch (attribute) {
-            case LayoutAttribute::left: across.start = value; break;
-            case LayoutAttribute::right: across.end = value; break;
-            case LayoutAttribute::width: across.length = value; break;
-            case LayoutAttribute::top: down.start = value; break;
-            case LayoutAttribute::bottom: down.end = value; break;
-            case LayoutAttribute::height: down.length = value; break;
+            case LayoutAttribute::left:
+                across.start = value;
+                break;
+            case LayoutAttribute::right:
+                across.end = value;
+                break;
+            case LayoutAttribute::width:
+                across.length = value;
+                break;
+            case LayoutAttribute::top:
+                down.start = value;
+                break;
+            case LayoutAttribute::bottom:
+                down.end = value;
+                break;
+            case LayoutAttribute::height:
+                down.length = value;
+                break;
         }
     }
 };
 
 double valueOf(LayoutAttribute attribute, const Rect& rect) {
     switch (attribute) {
-        case LayoutAttribute::left: return rect.x;
-        case LayoutAttribute::right: return rect.maxX();
-        case LayoutAttribute::width: return rect.width;
-        case LayoutAttribute::top: return rect.y;
-        case LayoutAttribute::bottom: return rect.maxY();
-        case LayoutAttribute::height: return rect.height;
+        case LayoutAttribute::left:
+            return rect.x;
+        case LayoutAttribute::right:
+            return rect.maxX();
+        case LayoutAttribute::width:
+            return rect.width;
+        case LayoutAttribute::top:
+            return rect.y;
+        case LayoutAttribute::bottom:
+            return rect.maxY();
+        case LayoutAttribute::height:
+            return rect.height;
     }
     return 0;
 }

@@ -115,14 +115,17 @@ void Window::sendEvent(const EventPtr& event) {
             if (!pressAwaitsRelease_) pressedView_ = view;
             return deliver(view, &Responder::rightMouseDown);
         }
-        case EventType::mouseDragged: return deliver(pressedView_.lock(), &Responder::mouseDragged);
+        case EventType::mouseDragged:
+            return deliver(pressedView_.lock(), &Responder::mouseDragged);
         case EventType::mouseUp: {
             const auto view = std::exchange(pressAwaitsRelease_, false) ? pressedView_.lock() : nullptr;
             pressedView_.reset();
             return deliver(view, &Responder::mouseUp);
         }
-        case EventType::keyDown: return deliver(firstResponder_.lock(), &Responder::keyDown);
-        case EventType::scrollWheel: return deliver(at(), &Responder::scrollWheel);
+        case EventType::keyDown:
+            return deliver(firstResponder_.lock(), &Responder::keyDown);
+        case EventType::scrollWheel:
+            return deliver(at(), &Responder::scrollWheel);
     }
 }
 

@@ -97,8 +97,7 @@ void FakeToolkit::deliverAnswers() {
 }
 
 Bytes FakeToolkit::imageData(Size size) {
-    const std::string text =
-        std::string(imageMark) + shortestNumber(size.width) + " " + shortestNumber(size.height);
+    const std::string text = std::string(imageMark) + shortestNumber(size.width) + " " + shortestNumber(size.height);
     return {text.begin(), text.end()};
 }
 
@@ -120,8 +119,8 @@ std::shared_ptr<const Bytes> FakeToolkit::picture(std::string_view kind, Size si
     if (failDrawing) return {};
     RecordingContext context;
     drawing(context);
-    const std::string text = std::string(kind) + " " + shortestNumber(size.width) + " " +
-                             shortestNumber(size.height) + "\n" + context.text();
+    const std::string text = std::string(kind) + " " + shortestNumber(size.width) + " " + shortestNumber(size.height) +
+                             "\n" + context.text();
     return std::make_shared<const Bytes>(text.begin(), text.end());
 }
 

@@ -13,10 +13,9 @@ namespace {
 class Chooser : public Object {
 public:
     static const ClassRecord& staticClass() {
-        static const ClassRecord& record =
-            ClassBuilder<Chooser>("TestChooser", &Object::staticClass())
-                .action("tableView:shouldSelectRow:", &Chooser::tableViewShouldSelectRow)
-                .registered();
+        static const ClassRecord& record = ClassBuilder<Chooser>("TestChooser", &Object::staticClass())
+                                               .action("tableView:shouldSelectRow:", &Chooser::tableViewShouldSelectRow)
+                                               .registered();
         return record;
     }
     const ClassRecord& classRecord() const override { return staticClass(); }

@@ -19,9 +19,8 @@ public:
         : View(frame), name(std::move(title)), notes_(notes) {}
 
     static const ClassRecord& staticClass() {
-        static const ClassRecord& record = ClassBuilder<ProbeView>("ProbeView", &View::staticClass())
-                                               .action("probe:", &ProbeView::probe)
-                                               .registered();
+        static const ClassRecord& record =
+            ClassBuilder<ProbeView>("ProbeView", &View::staticClass()).action("probe:", &ProbeView::probe).registered();
         return record;
     }
     const ClassRecord& classRecord() const override { return performs ? staticClass() : View::staticClass(); }

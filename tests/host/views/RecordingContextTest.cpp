@@ -14,8 +14,8 @@ TEST(RecordingContextTest, KeepsOperationsInOrder) {
     context.strokePath(Path().addSegment({0, 0}, {0, 45}), {Color::gray(), 1, {3, 3}});
     context.fillRect({1, 2, 3, 4}, Color::white());
     context.strokePolyline({{0, 0}, {5, 5}, {9, 1}}, {Color::black(), 2});
-    context.drawText("21.5 °C", {0, 0, 50, 20}, Font{"Helvetica Neue", 14, true}, Color::black(),
-                     TextAlignment::center, VerticalAlignment::bottom);
+    context.drawText("21.5 °C", {0, 0, 50, 20}, Font{"Helvetica Neue", 14, true}, Color::black(), TextAlignment::center,
+                     VerticalAlignment::bottom);
     context.drawImage(*Image::plain({8, 9}), {0, 0, 80, 90});
     EXPECT_EQ(context.text(),
               "strokePath M 0 0 L 0 45 width 1 dash 3 3 #808080ff\n"

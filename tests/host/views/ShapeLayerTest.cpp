@@ -140,13 +140,12 @@ TEST_F(ShapeLayerTest, IsReadByName) {
     EXPECT_EQ(layer->valueForKey("strokeColor"), Value("#000000ff"));
     EXPECT_EQ(layer->valueForKey("fillColor"), Value("#00000000"));
     EXPECT_EQ(layer->valueForKey("lineDashPattern"), Value(Value::Array{10, 5}));
-    EXPECT_EQ(layer->valueForKey("animation"),
-              Value(Value::Dictionary{{"keyPath", "lineDashPhase"},
-                                      {"from", 0.0},
-                                      {"to", 15.0},
-                                      {"duration", 0.75},
-                                      {"repeats", "infinite"},
-                                      {"key", "linePhase"}}));
+    EXPECT_EQ(layer->valueForKey("animation"), Value(Value::Dictionary{{"keyPath", "lineDashPhase"},
+                                                                       {"from", 0.0},
+                                                                       {"to", 15.0},
+                                                                       {"duration", 0.75},
+                                                                       {"repeats", "infinite"},
+                                                                       {"key", "linePhase"}}));
 }
 
 }  // namespace

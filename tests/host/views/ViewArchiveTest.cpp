@@ -59,7 +59,9 @@ TEST(ViewArchive, ACircleOfChildrenEnds) {
     outer->claimed = {inner, inner, outer};
     inner->claimed = {outer, inner};
     const auto read = roundTrip(outer);
+    // The forged circle owns itself.
     outer->claimed.clear();
+    inner->claimed.clear();
     ASSERT_TRUE(read);
     std::size_t depth = 0;
     for (const View* view = read.get(); view; view = view->superview()) ASSERT_LT(++depth, 3u);

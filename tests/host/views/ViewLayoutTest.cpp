@@ -15,8 +15,8 @@ protected:
     }
     std::vector<LayoutConstraint> allSix() const {
         using enum LayoutAttribute;
-        return {constraint(left), constraint(right), constraint(top), constraint(bottom), constraint(width),
-                constraint(height)};
+        return {constraint(left),   constraint(right), constraint(top),
+                constraint(bottom), constraint(width), constraint(height)};
     }
 };
 

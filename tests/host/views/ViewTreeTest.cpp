@@ -158,14 +158,14 @@ TEST(ViewHooks, AreCalledForTheWholeSubtree) {
     notes.clear();
     window.setContentView(root);
     root->addSubview(outer);
-    EXPECT_THAT(notes, ElementsAre("outer has parent", "inner has parent", "outer enters window",
-                                   "inner enters window"));
+    EXPECT_THAT(notes,
+                ElementsAre("outer has parent", "inner has parent", "outer enters window", "inner enters window"));
     notes.clear();
     root->addSubview(outer);
     EXPECT_THAT(notes, IsEmpty());
     outer->removeFromSuperview();
-    EXPECT_THAT(notes, ElementsAre("outer has no parent", "inner has parent", "outer leaves window",
-                                   "inner leaves window"));
+    EXPECT_THAT(notes,
+                ElementsAre("outer has no parent", "inner has parent", "outer leaves window", "inner leaves window"));
 }
 
 TEST(ViewHooks, WindowsAnnounceTheirContent) {
