@@ -77,14 +77,19 @@ std::shared_ptr<ZORDashboardPlugIn> ZORDashboardToolbarPlugIn::dashboardFromReso
     if (!data) return {};
     const Value root = KeyedUnarchiver::unarchivedRoot(*data).valueOr({});
 
+    const auto canvas = root["editView"].as<ZORDashboardEditView>();
+    auto dashboard = dashboardWithCanvas(canvas, root["title"].string());
+    if (canvas) ask(agent(), [&](Agent& station) { station.linkPropertiesToWidgets(canvas->subviews()); });
+    return dashboard;
+}
+
+std::shared_ptr<ZORDashboardPlugIn> ZORDashboardToolbarPlugIn::dashboardWithCanvas(
+    std::shared_ptr<ZORDashboardEditView> canvas, std::optional<std::string> title) {
     auto dashboard = ZORDashboardPlugIn::initWithAgent(agent(), siteWindowController());
     if (!dashboard) return {};
-    dashboard->setEditView(root["editView"].as<ZORDashboardEditView>());
-    dashboard->setTitle(root["title"].string());
+    dashboard->setEditView(std::move(canvas));
+    dashboard->setTitle(std::move(title));
     dashboard->view();
-    ask(dashboard->editView(), [&](const ZORDashboardEditView& canvas) {
-        ask(agent(), [&](Agent& station) { station.linkPropertiesToWidgets(canvas.subviews()); });
-    });
     return dashboard;
 }
 

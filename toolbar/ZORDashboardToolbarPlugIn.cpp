@@ -28,6 +28,8 @@ const ClassRecord& ZORDashboardToolbarPlugIn::staticClass() {
             .action("cleanSlatePlugIn", &T::cleanSlatePlugIn)
             .action("standardDashboardPlugIn", &T::standardDashboardPlugIn)
             .action("quadPlotsPlugIn", &T::quadPlotsPlugIn)
+            .action("importDashboard:", &T::importDashboard)
+            .action("relinkDashboardWidgetsToProperties:", &T::relinkDashboardWidgetsToProperties)
             .action("dashboardsArray", &T::dashboardsArray)
             .action("dashboardForRow:", &T::dashboardForRow)
             .property("lastUsedTitle", &T::lastUsedTitle, &T::setLastUsedTitle)

@@ -5,12 +5,15 @@
 #include <string>
 
 #include "dashboard/ZORDashboardPlugIn.h"
+#include "host/foundation/KeyedArchiver.h"
 #include "host/views/Controls.h"
+#include "host/views/Panels.h"
 
 namespace zor {
 
-/// The plug-in's entry object, one per Site Document: toolbar item, catalogue, builders of the built-in dashboards.
-class ZORDashboardToolbarPlugIn : public ZORPlugIn {
+/// The plug-in's entry object, one per Site Document: toolbar item, catalogue, builders of the built-in dashboards,
+/// import, web service.
+class ZORDashboardToolbarPlugIn : public ZORPlugIn, public KeyedUnarchiverDelegate {
 public:
     static const ClassRecord& staticClass();
     const ClassRecord& classRecord() const override { return staticClass(); }
@@ -34,6 +37,18 @@ public:
     /// A new dashboard for a row of the catalogue, added nowhere; empty where its resource is missing. A row outside
     /// the catalogue is a programmer's error and gives nothing.
     std::shared_ptr<ZORDashboardPlugIn> dashboardForRow(std::size_t row);
+
+    // Import: asks for a file and adds what it holds; a file of another agent brings a warning first
+    void importDashboard(const ObjectPtr& sender);
+    /// Binds each instrument to the agent's property of the name that it holds, or to none; one log line for each.
+    void relinkDashboardWidgetsToProperties(const std::shared_ptr<ZORDashboardEditView>& canvas);
+    const ClassRecord* unarchiverCannotDecodeObjectOfClassName(const std::string& className,
+                                                               std::span<const std::string> originalClasses) override;
+
+    // Web service: "ID.png" and "ID.pdf" for the dashboard with that identifier
+    std::string webServiceAdvertisementForBaseURL(const std::string& baseURL) override;
+    std::string webServiceAdvertisementOnMainThreadForBaseURL(const std::string& baseURL);
+    std::shared_ptr<DataResponse> webServiceResponseForRequest(const WebRequest& request) override;
 
     void didLoad() override { ZORPlugIn::didLoad(); }
     void willUnload() override { ZORPlugIn::willUnload(); }
@@ -72,6 +87,11 @@ private:
     /// The hook that both initialisers call last.
     void initCommon() {}
     std::shared_ptr<ZORDashboardPlugIn> dashboardFromResource(const std::string& filename);
+    /// A new dashboard that shows a canvas read from a file.
+    std::shared_ptr<ZORDashboardPlugIn> dashboardWithCanvas(std::shared_ptr<ZORDashboardEditView> canvas,
+                                                            std::optional<std::string> title);
+    void importFile(const std::shared_ptr<OpenPanel>& panel);
+    void installDashboard(const std::shared_ptr<ZORDashboardEditView>& canvas, const std::optional<std::string>& title);
 
     std::optional<std::string> lastUsedTitle_;
     std::weak_ptr<Window> configurationWindow_;

@@ -1,12 +1,14 @@
 #pragma once
 
-#include <QString>
+#include <QStringList>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "app/PlugInLibrary.h"
 #include "app/SiteSession.h"
+
+class QWidget;
 
 namespace zor {
 
