@@ -31,7 +31,7 @@ struct ArchiveFailure {
 
     Reason reason = Reason::none;
     /// The object at fault.
-    std::uint64_t object = 0;
+    std::uint32_t object = 0;
     std::uint64_t detail = 0;
 
     explicit operator bool() const { return reason != Reason::none; }

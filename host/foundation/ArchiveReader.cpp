@@ -1,5 +1,7 @@
 #include "host/foundation/ArchiveReader.h"
 
+#include <algorithm>
+
 #include "host/foundation/ArchiveFormat.h"
 #include "host/foundation/ObjectDecoder.h"
 
@@ -20,7 +22,7 @@ ArchiveReader::ArchiveReader(const PropertyList& list, std::span<const Index> ob
     levels_.reserve(archive::deepestLevel);
 }
 
-ArchiveReader::Taken ArchiveReader::decode(Number root) {
+ArchiveReader::Taken ArchiveReader::decode(std::uint64_t root) {
     visit(root);
     while (!levels_.empty()) {
         Level& level = levels_.back();
@@ -37,15 +39,15 @@ ArchiveReader::Taken ArchiveReader::decode(Number root) {
     return takeObject(root, 0);
 }
 
-void ArchiveReader::visit(Number number) {
+void ArchiveReader::visit(std::uint64_t reference) {
     // A wrong number is the fault of whoever asks for its value.
-    if (number == 0 || number >= objects_.size()) return;
-    const Index node = objects_[number];
+    if (reference == 0 || reference >= objects_.size()) return;
+    const Index node = objects_[reference];
     if (list_.kind(node) != PropertyList::Kind::dictionary) return;
     if (slotOfNode_[node] != none) {
         meetAgain(decoded_[slotOfNode_[node]]);
     } else {
-        begin(number, node);
+        begin(static_cast<Number>(reference), node);
     }
 }
 
@@ -67,9 +69,9 @@ void ArchiveReader::begin(Number number, Index node) {
     Decoded& decoded = decoded_.emplace_back();
     decoded.node = node;
     decoded.number = number;
-    const auto reference = list_.find(node, archive::classKey);
+    const auto reference = classReference(node);
     if (!reference || list_.kind(*reference) != PropertyList::Kind::uid) return fail(decoded, Reason::noClass);
-    const Number classNumber = list_.uid(*reference);
+    const std::uint64_t classNumber = list_.uid(*reference);
     if (classNumber >= objects_.size()) {
         decoded.failure = {Reason::referenceOutOfRange, number, classNumber};
         return;
@@ -94,6 +96,18 @@ void ArchiveReader::begin(Number number, Index node) {
     }
 }
 
+std::optional<ArchiveReader::Index> ArchiveReader::classReference(Index node) {
+    // Writers store the key once, and so it is mostly found by its number.
+    const auto keys = list_.keys(node);
+    auto found = std::ranges::find(keys, classKey_);
+    if (found == keys.end()) {
+        found = std::ranges::find(keys, archive::classKey, [&](Index key) { return list_.string(key); });
+        if (found == keys.end()) return {};
+        classKey_ = *found;
+    }
+    return list_.values(node)[static_cast<std::size_t>(found - keys.begin())];
+}
+
 void ArchiveReader::beginContainer(Slot slot) {
     Decoded& decoded = decoded_[slot];
     const bool isDictionary = decoded.kind == Kind::dictionary;
@@ -102,8 +116,8 @@ void ArchiveReader::beginContainer(Slot slot) {
     const auto keys = isDictionary ? list_.find(decoded.node, archive::keysKey) : std::nullopt;
     if (const Slot other = slotOfNode_[*items]; other != none) {
         const Decoded& owner = decoded_[other];
-        const bool isSame = owner.kind == decoded.kind &&
-                            (!isDictionary || list_.find(owner.node, archive::keysKey) == keys);
+        const bool isSame =
+            owner.kind == decoded.kind && (!isDictionary || list_.find(owner.node, archive::keysKey) == keys);
         if (isSame) {
             slotOfNode_[decoded.node] = other;
             decoded_.pop_back();
@@ -142,11 +156,14 @@ void ArchiveReader::finishLevel() {
     Level level = std::move(levels_.back());
     levels_.pop_back();
     Decoded& decoded = decoded_[level.slot];
-    decoded.height = level.height + 1;
-    if (decoded.height > archive::deepestLevel) fail(decoded, Reason::tooDeep);
+    if (level.height == archive::deepestLevel) fail(decoded, Reason::tooDeep);
     if (!decoded.failure) fill(level, decoded);
     decoded.isOpen = false;
-    if (decoded.failure) decoded.value = {};
+    if (decoded.failure) {
+        decoded.value = {};
+    } else {
+        decoded.height = level.height + 1;
+    }
     if (!levels_.empty()) levels_.back().height = std::max(levels_.back().height, decoded.height);
 }
 
@@ -199,9 +216,9 @@ ArchiveReader::Taken ArchiveReader::leaf(const Decoded& decoded) {
 
 std::optional<ArchiveReader::Index> ArchiveReader::plainNode(Index node) const {
     if (list_.kind(node) == PropertyList::Kind::uid) {
-        const Number number = list_.uid(node);
-        if (number == 0 || number >= objects_.size()) return {};
-        node = objects_[number];
+        const std::uint64_t reference = list_.uid(node);
+        if (reference == 0 || reference >= objects_.size()) return {};
+        node = objects_[reference];
     }
     switch (list_.kind(node)) {
         case PropertyList::Kind::uid:
@@ -218,14 +235,14 @@ ArchiveReader::Taken ArchiveReader::take(Index node, Number holder) {
     return isReference ? takeObject(list_.uid(node), holder) : plain(node, holder);
 }
 
-ArchiveReader::Taken ArchiveReader::takeObject(Number number, Number holder) {
-    if (number == 0) return {};
-    if (number >= objects_.size()) return {{}, {Reason::referenceOutOfRange, holder, number}};
-    const Index node = objects_[number];
+ArchiveReader::Taken ArchiveReader::takeObject(std::uint64_t reference, Number holder) {
+    if (reference == 0) return {};
+    if (reference >= objects_.size()) return {{}, {Reason::referenceOutOfRange, holder, reference}};
+    const Index node = objects_[reference];
     switch (list_.kind(node)) {
         case PropertyList::Kind::uid:
         case PropertyList::Kind::array:
-            return {{}, {Reason::notAnObject, number}};
+            return {{}, {Reason::notAnObject, static_cast<Number>(reference)}};
         case PropertyList::Kind::dictionary:
             break;
         default:

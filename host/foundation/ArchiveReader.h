@@ -2,6 +2,7 @@
 // Decodes the objects of an archive without recursion: what an object refers to is decoded before it is filled, each
 // object once, and every object is noted before what it refers to is looked at.
 
+#include <deque>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -15,7 +16,7 @@ class ArchiveReader {
 public:
     using Index = PropertyList::Index;
     /// An object's place among the archive's objects; zero stands for absence.
-    using Number = std::uint64_t;
+    using Number = std::uint32_t;
 
     struct Taken {
         Value value = {};
@@ -27,7 +28,7 @@ public:
                   const UnarchivingOptions& options);
 
     /// Decodes the object and all that it refers to.
-    Taken decode(Number root);
+    Taken decode(std::uint64_t root);
 
     const PropertyList& list() const { return list_; }
     const UnarchivingOptions& options() const { return options_; }
@@ -70,7 +71,7 @@ private:
         std::shared_ptr<Value::Dictionary> dictionary = {};
     };
 
-    void visit(Number number);
+    void visit(std::uint64_t reference);
     void meetAgain(const Decoded& decoded);
     void begin(Number number, Index node);
     void beginContainer(Slot slot);
@@ -79,7 +80,8 @@ private:
     void fill(Level& level, Decoded& decoded);
     void fail(Decoded& decoded, ArchiveFailure::Reason reason);
     Taken leaf(const Decoded& decoded);
-    Taken takeObject(Number number, Number holder);
+    Taken takeObject(std::uint64_t reference, Number holder);
+    std::optional<Index> classReference(Index node);
     Taken plain(Index node, Number holder);
     Taken text(Index node, Number holder);
 
@@ -90,7 +92,9 @@ private:
     TextAllowance textAllowance_;
     /// How many entries containers may still have: no more, all together, than the file has references.
     std::size_t entryAllowance_;
-    std::vector<Decoded> decoded_;
+    /// The key of the class as most objects have it.
+    Index classKey_ = none;
+    std::deque<Decoded> decoded_;
     /// By node, so that one object under many numbers is decoded once. The node of a container's items leads to the
     /// container that has them, so that containers which share them are one.
     std::vector<Slot> slotOfNode_;

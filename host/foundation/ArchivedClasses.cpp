@@ -12,12 +12,18 @@ using Kind = ArchivedClass::Kind;
 
 /// The format's own classes, which are values here.
 constexpr std::pair<std::string_view, Kind> standardClasses[] = {
-    {"NSArray", Kind::array},           {"NSMutableArray", Kind::array},
-    {"NSSet", Kind::array},             {"NSMutableSet", Kind::array},
-    {"NSDictionary", Kind::dictionary}, {"NSMutableDictionary", Kind::dictionary},
-    {"NSString", Kind::string},         {"NSMutableString", Kind::string},
-    {"NSData", Kind::data},             {"NSMutableData", Kind::data},
-    {"NSDate", Kind::date},             {"NSNull", Kind::null},
+    {"NSArray", Kind::array},
+    {"NSMutableArray", Kind::array},
+    {"NSSet", Kind::array},
+    {"NSMutableSet", Kind::array},
+    {"NSDictionary", Kind::dictionary},
+    {"NSMutableDictionary", Kind::dictionary},
+    {"NSString", Kind::string},
+    {"NSMutableString", Kind::string},
+    {"NSData", Kind::data},
+    {"NSMutableData", Kind::data},
+    {"NSDate", Kind::date},
+    {"NSNull", Kind::null},
 };
 
 ArchivedClass fromRecord(const ClassRecord* record) {

@@ -20,6 +20,12 @@ using Kind = PropertyListKind;
 
 constexpr std::size_t trailerSize = 32;
 
+inline std::uint64_t bigEndian(const std::uint8_t* bytes, std::size_t size) {
+    std::uint64_t number = 0;
+    for (std::size_t index = 0; index < size; ++index) number = number << 8 | bytes[index];
+    return number;
+}
+
 class Reader {
 public:
     explicit Reader(std::span<const std::uint8_t> data) : data_(data) {}
@@ -43,11 +49,7 @@ private:
         return false;
     }
 
-    std::uint64_t number(std::size_t offset, std::size_t size) const {
-        std::uint64_t result = 0;
-        for (std::size_t index = 0; index < size; ++index) result = result << 8 | data_[offset + index];
-        return result;
-    }
+    std::uint64_t number(std::size_t offset, std::size_t size) const { return bigEndian(data_.data() + offset, size); }
 
     bool readTrailer() {
         constexpr std::size_t smallest = binaryPropertyListMagic.size() + 1 + 1 + trailerSize;
@@ -233,10 +235,27 @@ private:
         const std::size_t references = extentOf->count * perEntry;
         const std::size_t first = tables_.references.size();
         if (!add(kind, first, offset, extentOf->header + references * referenceSize_, extentOf->count)) return false;
-        std::size_t place = offset + extentOf->header;
-        for (std::size_t index = 0; index < references; ++index, place += referenceSize_) {
-            const std::uint64_t child = number(place, referenceSize_);
-            if (child >= count_) return fail("a reference to an object that does not exist", place);
+        const std::size_t start = offset + extentOf->header;
+        // With the width known to the compiler each is one load.
+        switch (referenceSize_) {
+            case 1:
+                return readReferences<1>(start, references);
+            case 2:
+                return readReferences<2>(start, references);
+            case 4:
+                return readReferences<4>(start, references);
+            default:
+                return readReferences<0>(start, references);
+        }
+    }
+
+    template <std::size_t width>
+    bool readReferences(std::size_t start, std::size_t count) {
+        const std::size_t size = width > 0 ? width : referenceSize_;
+        const std::uint8_t* place = data_.data() + start;
+        for (std::size_t index = 0; index < count; ++index, place += size) {
+            const std::uint64_t child = bigEndian(place, size);
+            if (child >= count_) return fail("a reference to an object that does not exist", start + index * size);
             tables_.references.push_back(joined_.empty() ? static_cast<Index>(child) : joined_[child]);
         }
         return true;

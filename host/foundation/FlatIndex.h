@@ -23,7 +23,8 @@ public:
     Number findOrMake(std::uint64_t hash, Matches&& matches, Make&& make) {
         if (used_ * 2 >= slots_.size()) grow();
         const auto mark = static_cast<std::uint32_t>(hash);
-        Slot& slot = slots_[place(mark, [&](const Slot& taken) { return taken.mark == mark && matches(taken.number); })];
+        Slot& slot =
+            slots_[place(mark, [&](const Slot& taken) { return taken.mark == mark && matches(taken.number); })];
         if (slot.number == empty) {
             slot = {mark, make()};
             ++used_;

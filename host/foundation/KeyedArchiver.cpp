@@ -1,6 +1,7 @@
 #include "host/foundation/KeyedArchiver.h"
 
 #include <array>
+#include <deque>
 #include <unordered_map>
 
 #include "host/foundation/ArchiveFormat.h"
@@ -30,7 +31,7 @@ constexpr std::string_view mutableStringClass[] = {"NSMutableString", "NSString"
 class ArchiveWriter final : public Encoder {
 public:
     Result<Bytes> write(const Value& root) {
-        objects_.push_back({string(archive::absentText)});
+        addObject(string(archive::absentText));
         const Index rootReference = reference(root);
         if (error_) return *error_;
         for (const auto& object : objects_) items_.push_back(object.node);
@@ -59,12 +60,12 @@ public:
 private:
     struct Object {
         Index node = 0;
+        /// The UID that refers to it.
+        Index reference = 0;
         /// Levels of objects and containers from here down; zero for scalars.
         std::uint32_t height = 0;
     };
-    /// What lives at an address, kept alive so that nothing else can come to live there.
     struct Identity {
-        Value value;
         const void* address = nullptr;
         Number number = 0;
     };
@@ -80,7 +81,7 @@ private:
         return node.value_or(0);
     }
 
-    Index reference(const Value& value) { return list_.addUid(number(value)); }
+    Index reference(const Value& value) { return objects_[number(value)].reference; }
 
     void put(std::string_view key, Index value) { entries_.push_back({keyNode(key), value}); }
 
@@ -90,7 +91,9 @@ private:
         put(key, value);
     }
 
-    void putText(std::string_view key, std::string_view text) { putUnder(key, list_.addUid(scalar(string(text)))); }
+    void putText(std::string_view key, std::string_view text) {
+        putUnder(key, objects_[scalar(string(text))].reference);
+    }
 
     /// Most keys are literals of the classes' code, met again and again at the same address.
     Index keyNode(std::string_view key) {
@@ -102,14 +105,17 @@ private:
 
     Number nextNumber() const { return static_cast<Number>(objects_.size()); }
 
+    Number addObject(Index node = 0) {
+        const Number number = nextNumber();
+        objects_.push_back({node, list_.addNewUid(number)});
+        return number;
+    }
+
     /// The object that is this very item of the property list.
     Number scalar(Index node) {
         if (numberOfNode_.size() <= node) numberOfNode_.resize(std::max<std::size_t>(node + 1, list_.size()));
         Number& known = numberOfNode_[node];
-        if (known == 0) {
-            known = nextNumber();
-            objects_.push_back({node});
-        }
+        if (known == 0) known = addObject(node);
         return known;
     }
 
@@ -138,11 +144,12 @@ private:
     }
 
     Number data(const Value& value) {
-        return identity(value, &value.asData(), [&]() -> Number {
-                   const auto node = list_.addData(value.asData());
-                   if (!node) fail("data of 4 GiB and more cannot be archived");
-                   return node ? scalar(*node) : 0;
-               })
+        return identity(value, &value.asData(),
+                        [&]() -> Number {
+                            const auto node = list_.addData(value.asData());
+                            if (!node) fail("data of 4 GiB and more cannot be archived");
+                            return node ? scalar(*node) : 0;
+                        })
             .number;
     }
 
@@ -163,7 +170,7 @@ private:
         return nested(value, &dictionary, StandardClass(dictionaryClass), [&] {
             const auto first = items_.size();
             for (const auto& [key, entry] : dictionary) {
-                if (!entry.isAbsent()) items_.push_back(list_.addUid(text(key)));
+                if (!entry.isAbsent()) items_.push_back(objects_[text(key)].reference);
             }
             put(archive::keysKey, list_.addArray(std::span(items_).subspan(first)));
             items_.resize(first);
@@ -188,7 +195,8 @@ private:
             hashOfBits(reinterpret_cast<std::uintptr_t>(address)),
             [&](FlatIndex::Number known) { return identities_[known].address == address; },
             [&] {
-                identities_.push_back({value, address, number()});
+                kept_.push_back(value);
+                identities_.push_back({address, number()});
                 return static_cast<FlatIndex::Number>(identities_.size() - 1);
             })];
     }
@@ -199,7 +207,7 @@ private:
         const Number next = nextNumber();
         const Number found = identity(value, address, [&] { return next; }).number;
         if (found == next) {
-            objects_.emplace_back();
+            addObject();
             if (level_ == archive::deepestLevel) {
                 failTooDeep();
                 return found;
@@ -227,8 +235,7 @@ private:
 
     /// An object of one value or none that refers to no other.
     Number leaf(StandardClass itsClass, std::string_view key = {}, Index value = 0) {
-        const Number number = nextNumber();
-        objects_.emplace_back();
+        const Number number = addObject();
         const auto outerFirst = std::exchange(firstEntry_, entries_.size());
         if (!key.empty()) put(key, value);
         finish(number, classNumber(itsClass));
@@ -239,7 +246,7 @@ private:
     /// Makes the top entries an object. Of equal keys, as where a class overrides a value of its base class, the last
     /// one's value stays.
     void finish(Number number, Number itsClass) {
-        entries_.push_back({string(archive::classKey), list_.addUid(itsClass)});
+        entries_.push_back({classKey_, objects_[itsClass].reference});
         ++finished_;
         auto kept = firstEntry_;
         for (auto position = firstEntry_; position < entries_.size(); ++position) {
@@ -276,8 +283,7 @@ private:
         for (const auto name : chain) names.push_back(string(name));
         const std::array entries{Entry{string(archive::classNameKey), names.front()},
                                  Entry{string(archive::classesKey), list_.addArray(names)}};
-        objects_.push_back({list_.addDictionary(entries)});
-        return nextNumber() - 1;
+        return addObject(list_.addDictionary(entries));
     }
 
     struct KeyUse {
@@ -288,11 +294,14 @@ private:
 
     PropertyListBuilder list_;
     std::optional<Error> error_;
+    const Index classKey_ = string(archive::classKey);
     /// The one that an object gave last, for error texts.
     std::string_view key_;
     std::vector<Object> objects_;
     std::vector<Number> numberOfNode_;
     std::vector<Identity> identities_;
+    /// Kept alive, so that nothing else can come to live at a known address.
+    std::deque<Value> kept_;
     FlatIndex identityIndex_;
     std::unordered_map<const void*, Number> classNumbers_;
     std::array<std::optional<Index>, 256> keys_;

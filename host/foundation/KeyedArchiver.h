@@ -31,8 +31,8 @@ const ClassRecord& nullPlaceholderClass();
 class KeyedUnarchiverDelegate {
 public:
     virtual ~KeyedUnarchiverDelegate() = default;
-    virtual const ClassRecord* unarchiverCannotDecodeObjectOfClassName(const std::string& className,
-                                                                       std::span<const std::string> originalClasses) = 0;
+    virtual const ClassRecord* unarchiverCannotDecodeObjectOfClassName(
+        const std::string& className, std::span<const std::string> originalClasses) = 0;
 };
 
 struct UnarchivingOptions {

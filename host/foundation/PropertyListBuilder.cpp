@@ -15,7 +15,9 @@ PropertyListBuilder::Index PropertyListBuilder::addNumber(PropertyListKind kind,
     return scalars_.findOrMake(
         hashOfBits(bits + static_cast<std::uint64_t>(kind)),
         [&](Index index) { return node(index).kind == kind && node(index).payload == bits; },
-        [&] { return add({kind, 0, bits}); });
+        [&] {
+            return add({kind, 0, bits});
+        });
 }
 
 std::optional<PropertyListBuilder::Index> PropertyListBuilder::addBytes(PropertyListKind kind, std::string_view bytes) {

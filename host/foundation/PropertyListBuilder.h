@@ -29,6 +29,8 @@ public:
         return addNumber(PropertyListKind::date, std::bit_cast<std::uint64_t>(value.secondsSinceReference));
     }
     Index addUid(std::uint64_t number) { return addNumber(PropertyListKind::uid, number); }
+    /// A UID that was not added before, and is not going to be but by this.
+    Index addNewUid(std::uint64_t number) { return add({PropertyListKind::uid, 0, number}); }
     /// Nothing where the text is not UTF-8, or 4 GiB long.
     std::optional<Index> addString(std::string_view text);
     /// Nothing for 4 GiB and more.

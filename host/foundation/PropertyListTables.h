@@ -11,18 +11,7 @@
 
 namespace zor {
 
-enum class PropertyListKind : std::uint8_t {
-    null,
-    boolean,
-    integer,
-    real,
-    date,
-    string,
-    data,
-    uid,
-    array,
-    dictionary
-};
+enum class PropertyListKind : std::uint8_t { null, boolean, integer, real, date, string, data, uid, array, dictionary };
 
 /// Sixteen bytes, whatever the kind.
 struct PropertyListNode {

@@ -29,7 +29,8 @@ public:
         levels_.push_back({root});
         for (;;) {
             Level& level = levels_.back();
-            const auto children = isArray(level.container) ? list_.items(level.container) : list_.values(level.container);
+            const auto children =
+                isArray(level.container) ? list_.items(level.container) : list_.values(level.container);
             if (level.next == children.size()) {
                 Made made{finished(level), level.height + 1};
                 if (made.height > PropertyList::deepestValue) return tooDeep();

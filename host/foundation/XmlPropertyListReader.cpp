@@ -2,13 +2,12 @@
 // Declarations, comments and the document type are passed over; nothing is fetched, no other entity is expanded.
 
 #include <algorithm>
-#include <charconv>
-#include <chrono>
 #include <optional>
 
 #include "host/foundation/PropertyListBuilder.h"
 #include "host/foundation/PropertyListFormats.h"
 #include "host/foundation/Unicode.h"
+#include "host/foundation/XmlPropertyListScalars.h"
 
 namespace zor {
 
@@ -17,76 +16,7 @@ namespace {
 using Index = PropertyListBuilder::Index;
 using namespace std::string_view_literals;
 
-constexpr std::string_view leafElements[] = {"key",  "string", "true", "false",
-                                             "integer", "real",   "date", "data"};
-constexpr std::string_view whiteSpace = " \t\r\n";
-
-bool isBlank(std::string_view text) {
-    return text.find_first_not_of(whiteSpace) == text.npos;
-}
-
-std::string_view trimmed(std::string_view text) {
-    const auto start = text.find_first_not_of(whiteSpace);
-    if (start == text.npos) return {};
-    return text.substr(start, text.find_last_not_of(whiteSpace) - start + 1);
-}
-
-/// A number that fills the text; a sign is allowed.
-template <typename Number, typename... Format>
-std::optional<Number> numberFrom(std::string_view text, Format... format) {
-    if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
-    Number number{};
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, format...);
-    if (error != std::errc{} || end != text.data() + text.size()) return {};
-    return number;
-}
-
-/// "2024-05-17T08:30:00Z"
-std::optional<Date> dateFrom(std::string_view text) {
-    constexpr std::string_view pattern = "dddd-dd-ddTdd:dd:ddZ";
-    if (text.size() != pattern.size()) return {};
-    for (std::size_t index = 0; index < text.size(); ++index) {
-        const bool isDigit = text[index] >= '0' && text[index] <= '9';
-        if (pattern[index] == 'd' ? !isDigit : text[index] != pattern[index]) return {};
-    }
-    const auto field = [&](std::size_t start, std::size_t length) { return *numberFrom<int>(text.substr(start, length)); };
-    namespace chrono = std::chrono;
-    const chrono::year_month_day day{chrono::year(field(0, 4)), chrono::month(static_cast<unsigned>(field(5, 2))),
-                                     chrono::day(static_cast<unsigned>(field(8, 2)))};
-    const int hour = field(11, 2);
-    const int minute = field(14, 2);
-    const int second = field(17, 2);
-    if (!day.ok() || hour > 23 || minute > 59 || second > 60) return {};
-    const auto days = chrono::sys_days(day) - chrono::sys_days(chrono::year(2001) / 1 / 1);
-    return Date{static_cast<double>(days.count()) * 86'400 + hour * 3600 + minute * 60 + second};
-}
-
-std::optional<Bytes> bytesFromBase64(std::string_view text) {
-    constexpr auto alphabet = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/"sv;
-    Bytes bytes;
-    bytes.reserve(text.size() / 4 * 3);
-    std::uint32_t bits = 0;
-    int held = 0;
-    int padding = 0;
-    for (const char character : text) {
-        if (whiteSpace.find(character) != whiteSpace.npos) continue;
-        if (character == '=') {
-            ++padding;
-            continue;
-        }
-        const auto digit = alphabet.find(character);
-        if (digit == alphabet.npos || padding > 0) return {};
-        bits = (bits << 6 | static_cast<std::uint32_t>(digit)) & 0xFFFFFF;
-        held += 6;
-        if (held >= 8) {
-            held -= 8;
-            bytes.push_back(static_cast<std::uint8_t>(bits >> held));
-        }
-    }
-    // Left over are no bits, or those that fill up the last byte's digit; six would be a digit without a byte.
-    const bool whole = held < 6 && padding <= 2;
-    return whole ? std::optional(std::move(bytes)) : std::nullopt;
-}
+constexpr std::string_view leafElements[] = {"key", "string", "true", "false", "integer", "real", "date", "data"};
 
 class Reader {
 public:
@@ -129,7 +59,8 @@ private:
 
     void step() {
         const auto markup = std::min(text_.find('<', position_), text_.size());
-        if (!isBlank(text_.substr(position_, markup - position_))) return fail("text outside of a value", position_);
+        if (!trimmed(text_.substr(position_, markup - position_)).empty())
+            return fail("text outside of a value", position_);
         position_ = markup;
         if (position_ == text_.size()) return;
         if (at("<?")) {
@@ -355,7 +286,7 @@ private:
         } else if (name == "real") {
             if (const auto number = numberFrom<double>(text)) return builder_.addReal(*number);
         } else if (name == "date") {
-            if (const auto date = dateFrom(text)) return builder_.addDate(*date);
+            if (const auto date = dateFromXml(text)) return builder_.addDate(*date);
         } else if (name == "data") {
             if (const auto data = bytesFromBase64(text)) return builder_.addData(*data);
         }
