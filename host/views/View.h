@@ -83,7 +83,7 @@ public:
     void setNeedsDisplay(bool needed);
     void setNeedsDisplayInRect(const Rect& rect);
 
-    /// The drawing of `rect` as a one-page vector document; empty where the toolkit fails or the rectangle is too large.
+    /// The drawing of `rect` as a one-page vector document; empty where the toolkit fails or a side is too large.
     std::shared_ptr<const Bytes> dataWithPDFInsideRect(const Rect& rect);
     /// The same drawing as pixels, one per point, encoded as PNG.
     std::shared_ptr<const Bytes> dataWithPNGInsideRect(const Rect& rect);
