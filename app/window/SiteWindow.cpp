@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QListWidget>
+#include <QDateTime>
 #include <QMenu>
 #include <QMessageBox>
 #include <QScreen>
@@ -16,7 +17,6 @@
 
 #include "app/window/Desktop.h"
 #include "app/window/SiteMenus.h"
-#include "qt/QtImages.h"
 #include "qt/QtWindowPeer.h"
 #include "qt/ViewTreeWidget.h"
 
@@ -32,7 +32,9 @@ constexpr int listWidth = 200;
 constexpr int statusMilliseconds = 1000;
 
 QIcon iconFrom(const std::shared_ptr<Image>& image) {
-    return image && image->data() ? QIcon(QPixmap::fromImage(decodedImage(*image))) : QIcon();
+    QPixmap pixmap;
+    if (image && image->data()) pixmap.loadFromData(image->data()->data(), static_cast<uint>(image->data()->size()));
+    return QIcon(pixmap);
 }
 
 }  // namespace
@@ -44,10 +46,10 @@ SiteWindow::SiteWindow(Desktop& desktop, std::shared_ptr<SiteSession> session)
     splitter_->setChildrenCollapsible(false);
     splitter_->setHandleWidth(1);
     makeList();
-    canvasArea_ = new ViewTreeWidget(*controller().window(), splitter_);
+    canvasArea_ = new ViewTreeWidget(splitter_);
     canvasArea_->setObjectName("dashboard");
     canvasArea_->installEventFilter(this);
-    controller().window()->setPeer(std::make_shared<QtWindowPeer>(*controller().window(), canvasArea_));
+    controller().window()->setPeer(std::make_shared<QtWindowPeer>(*controller().window(), *canvasArea_));
     splitter_->addWidget(list_);
     splitter_->addWidget(canvasArea_);
     splitter_->setStretchFactor(1, 1);
