@@ -28,8 +28,7 @@ bool ZORWidgetHostView::isTopmostAt(Point locationInWindow) const {
 }
 
 Point ZORWidgetHostView::pointInParent(const Event& event) const {
-    const Point location = event.locationInWindow();
-    return superview() ? superview()->convertPointFromView(location, nullptr) : location;
+    return superview()->convertPointFromView(event.locationInWindow(), nullptr);
 }
 
 void ZORWidgetHostView::mouseDown(const EventPtr& event) {
@@ -43,7 +42,7 @@ void ZORWidgetHostView::mouseDown(const EventPtr& event) {
 void ZORWidgetHostView::mouseDragged(const EventPtr& event) {
     // Whoever remembers frames at the start of a drag must see the one from before.
     View::mouseDragged(event);
-    if (!resizing_) return;
+    if (!resizing_ || !superview()) return;
     const Point at = pointInParent(*event);
     const Size size{std::max(leastSide, resizing_->sizeAtStart.width + at.x - resizing_->start.x),
                     std::max(leastSide, resizing_->sizeAtStart.height + at.y - resizing_->start.y)};
