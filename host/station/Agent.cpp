@@ -47,8 +47,8 @@ std::shared_ptr<Property> PropertyDictionary::objectForAnyKey(std::initializer_l
 
 void PropertyDictionary::add(std::shared_ptr<Property> property) {
     if (!property) return;
-    const auto found = std::ranges::find_if(
-        properties_, [&](const auto& entry) { return entry->hasName(property->propertyName()); });
+    const auto found =
+        std::ranges::find_if(properties_, [&](const auto& entry) { return entry->hasName(property->propertyName()); });
     if (found == properties_.end()) {
         properties_.push_back(std::move(property));
     } else {

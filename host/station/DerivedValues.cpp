@@ -95,7 +95,8 @@ std::optional<double> pressureTrend(std::span<const Sample> pressures) {
     const Seconds wanted = last.time - trendSpan;
     const auto later = std::ranges::lower_bound(pressures, wanted, {}, &Sample::time);
     auto nearest = later;
-    if (later != pressures.begin() && wanted - std::prev(later)->time < later->time - wanted) nearest = std::prev(later);
+    if (later != pressures.begin() && wanted - std::prev(later)->time < later->time - wanted)
+        nearest = std::prev(later);
     if (std::abs(nearest->time - wanted) > trendTolerance) return {};
     return last.value - nearest->value;
 }
@@ -157,8 +158,8 @@ void DerivedValues::completeRain(Reading& reading) const {
 }
 
 void DerivedValues::completePressure(Reading& reading) const {
-    const auto key = measured(reading, kBarometricPressureRelative) ? kBarometricPressureRelative
-                                                                    : kBarometricPressureAbsolute;
+    const auto key =
+        measured(reading, kBarometricPressureRelative) ? kBarometricPressureRelative : kBarometricPressureAbsolute;
     if (!measured(reading, key)) return;
     supply(reading, kBarometricPressureTrend,
            pressureTrend(samplesUpTo(reading, key, reading.time - trendSpan - trendTolerance)));

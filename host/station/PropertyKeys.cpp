@@ -36,6 +36,10 @@ constexpr auto known = std::to_array<PropertyDescription>({
     {kUVIndex, "UV Index", Quantity::uvIndex},
     {kIlluminance, "Illuminance", Quantity::illuminance},
     {kVisibility, "Visibility", Quantity::distance},
+    {kExtraTemperature, "Extra Temperature", Quantity::temperature},
+    {kExtraHumidity, "Extra Humidity", Quantity::humidity},
+    {kLeafTemperature, "Leaf Temperature", Quantity::temperature},
+    {kLeafWetness, "Leaf Wetness", Quantity::none},
     {kSoilTemperature, "Soil Temperature", Quantity::temperature},
     {kSoilMoisture, "Soil Moisture", Quantity::humidity},
     {kSoilTension, "Soil Tension", Quantity::soilTension},
@@ -44,10 +48,6 @@ constexpr auto known = std::to_array<PropertyDescription>({
     {kParticulateMatter10, "Particulate Matter 10", Quantity::concentrationMass},
     {kCarbonDioxide, "Carbon Dioxide", Quantity::concentrationPpm},
     {kBatteryVoltage, "Battery Voltage", Quantity::voltage},
-    {kExtraTemperature, "Extra Temperature", Quantity::temperature},
-    {kExtraHumidity, "Extra Humidity", Quantity::humidity},
-    {kLeafTemperature, "Leaf Temperature", Quantity::temperature},
-    {kLeafWetness, "Leaf Wetness", Quantity::none},
 });
 
 constexpr std::string_view digits = "0123456789";
@@ -68,8 +68,8 @@ std::string wordsOfKey(std::string_view key) {
         const bool startsWord = index > 0 && ((isUpper(character) && !isUpper(key[index - 1])) ||
                                               (isDigit(character) && !isDigit(key[index - 1])));
         if (startsWord) words += ' ';
-        words += index == 0 && character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A')
-                                                                    : character;
+        words +=
+            index == 0 && character >= 'a' && character <= 'z' ? static_cast<char>(character - 'a' + 'A') : character;
     }
     return words;
 }

@@ -38,6 +38,11 @@ inline constexpr std::string_view kSolarRadiation = "solarRadiation";
 inline constexpr std::string_view kUVIndex = "uvIndex";
 inline constexpr std::string_view kIlluminance = "illuminance";
 inline constexpr std::string_view kVisibility = "visibility";
+inline constexpr std::string_view kExtraTemperature = "extraTemperature";
+inline constexpr std::string_view kExtraHumidity = "extraHumidity";
+inline constexpr std::string_view kLeafTemperature = "leafTemperature";
+/// 0 for dry to 15 for wet.
+inline constexpr std::string_view kLeafWetness = "leafWetness";
 inline constexpr std::string_view kSoilTemperature = "soilTemperature";
 /// In percent; the suction is the soil tension.
 inline constexpr std::string_view kSoilMoisture = "soilMoisture";
@@ -48,13 +53,6 @@ inline constexpr std::string_view kParticulateMatter25 = "particulateMatter25";
 inline constexpr std::string_view kParticulateMatter10 = "particulateMatter10";
 inline constexpr std::string_view kCarbonDioxide = "carbonDioxide";
 inline constexpr std::string_view kBatteryVoltage = "batteryVoltage";
-
-/// Further sensors of a station; each is numbered: "extraTemperature1".
-inline constexpr std::string_view kExtraTemperature = "extraTemperature";
-inline constexpr std::string_view kExtraHumidity = "extraHumidity";
-inline constexpr std::string_view kLeafTemperature = "leafTemperature";
-/// From 0, dry, to 15.
-inline constexpr std::string_view kLeafWetness = "leafWetness";
 
 struct PropertyDescription {
     std::string_view key;

@@ -10,9 +10,8 @@ namespace {
 /// What is wrong with the value apart from its kind, which the setter knows; empty where nothing is.
 std::string objection(const Setting& setting, const Value& value) {
     if (!setting.choices.empty()) {
-        const bool offered = std::ranges::any_of(setting.choices, [&](const auto& choice) {
-            return choice.first == value;
-        });
+        const bool offered =
+            std::ranges::any_of(setting.choices, [&](const auto& choice) { return choice.first == value; });
         return offered ? "" : "the value is none of the choices";
     }
     if (setting.kind != SettingKind::number) return {};

@@ -116,9 +116,8 @@ void SiteDocument::removeWindowController(const WindowController* controller) {
 }
 
 bool SiteDocument::isInSeparateWindow(const ZORPlugIn& plugIn) const {
-    return std::ranges::any_of(separateWindows_, [&](const auto& controller) {
-        return controller->contentViewController().get() == &plugIn;
-    });
+    return std::ranges::any_of(
+        separateWindows_, [&](const auto& controller) { return controller->contentViewController().get() == &plugIn; });
 }
 
 void SiteDocument::setDirty(bool dirty) {

@@ -28,11 +28,10 @@ std::string_view withoutNumber(std::string_view title) {
 }  // namespace
 
 const ClassRecord& WindowController::staticClass() {
-    static const ClassRecord& record =
-        ClassBuilder<WindowController>("ZORWindowController", &Object::staticClass())
-            .property("window", &WindowController::window)
-            .property("contentViewController", &WindowController::contentViewController)
-            .registered();
+    static const ClassRecord& record = ClassBuilder<WindowController>("ZORWindowController", &Object::staticClass())
+                                           .property("window", &WindowController::window)
+                                           .property("contentViewController", &WindowController::contentViewController)
+                                           .registered();
     return record;
 }
 
@@ -191,7 +190,8 @@ void SiteWindowController::showPlugIn(const std::shared_ptr<ZORPlugIn>& plugIn) 
 
 /// A plug-in that a separate window shows goes on living there.
 void SiteWindowController::unload(const std::shared_ptr<ZORPlugIn>& plugIn) {
-    const bool isShownElsewhere = ask(document(), [&](SiteDocument& owner) { return owner.isInSeparateWindow(*plugIn); });
+    const bool isShownElsewhere =
+        ask(document(), [&](SiteDocument& owner) { return owner.isInSeparateWindow(*plugIn); });
     if (!isShownElsewhere) plugIn->willUnload();
 }
 

@@ -66,15 +66,15 @@ constexpr auto units = std::to_array<Unit>({
 
 /// Other spellings, in lower case.
 constexpr auto aliases = std::to_array<std::pair<std::string_view, std::string_view>>({
-    {"c", "°C"},         {"degc", "°C"},       {"celsius", "°C"},   {"f", "°F"},         {"degf", "°F"},
-    {"fahrenheit", "°F"}, {"percent", "%"},     {"%rh", "%"},        {"mb", "mbar"},      {"millibar", "mbar"},
-    {"mps", "m/s"},      {"m/sec", "m/s"},     {"kph", "km/h"},     {"kmh", "km/h"},     {"mi/h", "mph"},
-    {"kt", "kn"},        {"kts", "kn"},        {"knot", "kn"},      {"knots", "kn"},     {"inch", "in"},
-    {"inches", "in"},    {"\"", "in"},         {"mm/hr", "mm/h"},   {"cm/hr", "cm/h"},   {"in/hr", "in/h"},
-    {"deg", "°"},        {"degree", "°"},      {"degrees", "°"},    {"w/m2", "W/m²"},    {"w/m^2", "W/m²"},
-    {"wm2", "W/m²"},     {"lux", "lx"},        {"mile", "mi"},      {"miles", "mi"},     {"volt", "V"},
-    {"volts", "V"},      {"ug/m3", "µg/m³"},   {"ug/m^3", "µg/m³"}, {"μg/m³", "µg/m³"},  {"cb", "cbar"},
-    {"sec", "s"},        {"hr", "h"},          {"hours", "h"},      {"minutes", "min"},  {"seconds", "s"},
+    {"c", "°C"},          {"degc", "°C"},     {"celsius", "°C"},   {"f", "°F"},        {"degf", "°F"},
+    {"fahrenheit", "°F"}, {"percent", "%"},   {"%rh", "%"},        {"mb", "mbar"},     {"millibar", "mbar"},
+    {"mps", "m/s"},       {"m/sec", "m/s"},   {"kph", "km/h"},     {"kmh", "km/h"},    {"mi/h", "mph"},
+    {"kt", "kn"},         {"kts", "kn"},      {"knot", "kn"},      {"knots", "kn"},    {"inch", "in"},
+    {"inches", "in"},     {"\"", "in"},       {"mm/hr", "mm/h"},   {"cm/hr", "cm/h"},  {"in/hr", "in/h"},
+    {"deg", "°"},         {"degree", "°"},    {"degrees", "°"},    {"w/m2", "W/m²"},   {"w/m^2", "W/m²"},
+    {"wm2", "W/m²"},      {"lux", "lx"},      {"mile", "mi"},      {"miles", "mi"},    {"volt", "V"},
+    {"volts", "V"},       {"ug/m3", "µg/m³"}, {"ug/m^3", "µg/m³"}, {"μg/m³", "µg/m³"}, {"cb", "cbar"},
+    {"sec", "s"},         {"hr", "h"},        {"hours", "h"},      {"minutes", "min"}, {"seconds", "s"},
 });
 
 struct Range {
@@ -141,8 +141,8 @@ std::string lowerCase(std::string_view text) {
 template <typename Filter>
 const Unit* findUnit(std::string_view shortName, const Filter& passes) {
     const auto exactly = [&](std::string_view name) {
-        const auto found = std::ranges::find_if(
-            units, [&](const Unit& unit) { return unit.shortName == name && passes(unit); });
+        const auto found =
+            std::ranges::find_if(units, [&](const Unit& unit) { return unit.shortName == name && passes(unit); });
         return found == units.end() ? nullptr : &*found;
     };
     if (const auto* unit = exactly(shortName)) return unit;

@@ -32,28 +32,27 @@ bool isUsableIdentifier(const std::string& identifier) {
 }  // namespace
 
 const ClassRecord& ZORPlugIn::staticClass() {
-    static const ClassRecord& record =
-        ClassBuilder<ZORPlugIn>("ZORPlugIn", &Responder::staticClass())
-            .property("title", &ZORPlugIn::title, &ZORPlugIn::setTitle)
-            .property("uniqueIdentifier", &ZORPlugIn::uniqueIdentifier)
-            .property("agent", &ZORPlugIn::agent)
-            .property("siteWindowController", &ZORPlugIn::siteWindowController)
-            .property("bundleIdentifier", &ZORPlugIn::bundleIdentifier)
-            .property("bundleVersion", &ZORPlugIn::bundleVersion)
-            .property("name", &ZORPlugIn::name)
-            .property("textDescription", &ZORPlugIn::textDescription)
-            .property("htmlDescription", &ZORPlugIn::htmlDescription)
-            .property("xmlDescription", &ZORPlugIn::xmlDescription)
-            .property("jsonDescription", &ZORPlugIn::jsonDescription)
-            .property("icon", &ZORPlugIn::icon)
-            .property("group", &ZORPlugIn::group)
-            .property("isRenamable", &ZORPlugIn::isRenamable)
-            .property("isDeletable", &ZORPlugIn::isDeletable)
-            .action("showHelp", &ZORPlugIn::showHelp)
-            .action("toolbarItem", &ZORPlugIn::toolbarItem)
-            .action("menu", &ZORPlugIn::menu)
-            .action("duplicatePlugIn:", &ZORPlugIn::duplicatePlugIn)
-            .registered();
+    static const ClassRecord& record = ClassBuilder<ZORPlugIn>("ZORPlugIn", &Responder::staticClass())
+                                           .property("title", &ZORPlugIn::title, &ZORPlugIn::setTitle)
+                                           .property("uniqueIdentifier", &ZORPlugIn::uniqueIdentifier)
+                                           .property("agent", &ZORPlugIn::agent)
+                                           .property("siteWindowController", &ZORPlugIn::siteWindowController)
+                                           .property("bundleIdentifier", &ZORPlugIn::bundleIdentifier)
+                                           .property("bundleVersion", &ZORPlugIn::bundleVersion)
+                                           .property("name", &ZORPlugIn::name)
+                                           .property("textDescription", &ZORPlugIn::textDescription)
+                                           .property("htmlDescription", &ZORPlugIn::htmlDescription)
+                                           .property("xmlDescription", &ZORPlugIn::xmlDescription)
+                                           .property("jsonDescription", &ZORPlugIn::jsonDescription)
+                                           .property("icon", &ZORPlugIn::icon)
+                                           .property("group", &ZORPlugIn::group)
+                                           .property("isRenamable", &ZORPlugIn::isRenamable)
+                                           .property("isDeletable", &ZORPlugIn::isDeletable)
+                                           .action("showHelp", &ZORPlugIn::showHelp)
+                                           .action("toolbarItem", &ZORPlugIn::toolbarItem)
+                                           .action("menu", &ZORPlugIn::menu)
+                                           .action("duplicatePlugIn:", &ZORPlugIn::duplicatePlugIn)
+                                           .registered();
     return record;
 }
 
