@@ -17,8 +17,8 @@ int run(std::span<const std::string> words) {
     if (!hasDisplay()) return fail("there is no display for a window; station serve SITE needs none");
     DesktopRuntime runtime;
     Desktop desktop(runtime.plugIns());
-    static_cast<QtToolkit&>(Toolkit::current()).setHelpOpener([&](std::string_view anchor) {
-        desktop.showHelp(QString::fromUtf8(anchor.data(), static_cast<qsizetype>(anchor.size())));
+    static_cast<QtToolkit&>(Toolkit::current()).setHelpOpener([&](const std::string& anchor) {
+        desktop.showHelp(QString::fromStdString(anchor));
     });
     if (words.empty()) desktop.openLast();
     for (const auto& word : words) desktop.openSite(QString::fromStdString(word), nullptr);

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QGuiApplication>
 #include <QSocketNotifier>
+#include <QCoreApplication>
 #include <QTimer>
 #include <cmath>
 #include <cstdlib>
@@ -16,7 +17,7 @@
 #include "host/foundation/NotificationCenter.h"
 #include "host/instruments/InstrumentClasses.h"
 #include "host/station/Reading.h"
-#include "qt/QtMainQueue.h"
+#include "qt/MainQueueRunner.h"
 #include "qt/QtToolkit.h"
 
 namespace zor {
@@ -71,8 +72,11 @@ private:
 
 }  // namespace
 
+Runtime::Runtime() = default;
+
 Runtime::~Runtime() {
     MainQueue::shared().cancel();
+    queueRunner_.reset();
     Toolkit::install({});
 }
 
@@ -80,7 +84,7 @@ void Runtime::begin(std::unique_ptr<QCoreApplication> application, std::unique_p
     application_ = std::move(application);
     QCoreApplication::setApplicationName("station");
     Toolkit::install(std::move(toolkit));
-    attachMainQueue();
+    queueRunner_ = std::make_unique<MainQueueRunner>();
     registerInstrumentClasses();
     plugIns_ = PlugInLibrary::load(PlugInLibrary::standardFolders());
     for (const auto& problem : plugIns_.problems()) fail(problem);
@@ -89,7 +93,7 @@ void Runtime::begin(std::unique_ptr<QCoreApplication> application, std::unique_p
 
 int Runtime::runEventLoop() {
     MinuteTimer minutes;
-    SignalWatch signals;
+    SignalWatch endings;
     const int status = application_->exec();
     // Whoever waits for the main thread now would wait for ever.
     MainQueue::shared().cancel();

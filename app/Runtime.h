@@ -8,6 +8,7 @@ class QCoreApplication;
 
 namespace zor {
 
+class MainQueueRunner;
 class Toolkit;
 
 /// What every command needs before it touches a document: the toolkit, the class registry, the main queue, the
@@ -20,12 +21,13 @@ public:
     int runEventLoop();
 
 protected:
-    Runtime() = default;
+    Runtime();
     /// Takes over the application object, then installs the toolkit.
     void begin(std::unique_ptr<QCoreApplication> application, std::unique_ptr<Toolkit> toolkit);
 
 private:
     std::unique_ptr<QCoreApplication> application_;
+    std::unique_ptr<MainQueueRunner> queueRunner_;
     PlugInLibrary plugIns_;
 };
 

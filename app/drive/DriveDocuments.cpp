@@ -2,6 +2,7 @@
 #include "host/foundation/ClassRegistry.h"
 #include "host/foundation/KeyedArchiver.h"
 #include "host/foundation/SafeFile.h"
+#include "host/station/PropertyKeys.h"
 #include "host/views/ScrollView.h"
 
 namespace zor {
