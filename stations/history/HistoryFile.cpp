@@ -10,6 +10,7 @@ namespace {
 
 constexpr std::int64_t kVersion = 1;
 constexpr const char* kSchema = R"(
+    BEGIN IMMEDIATE;
     CREATE TABLE series (
         id INTEGER PRIMARY KEY,
         site TEXT NOT NULL,
@@ -23,6 +24,7 @@ constexpr const char* kSchema = R"(
         PRIMARY KEY (series, time)
     ) WITHOUT ROWID;
     PRAGMA user_version = 1;
+    COMMIT;
 )";
 
 /// Milliseconds, at the ends of what fits where the moment does not.
@@ -31,7 +33,9 @@ std::int64_t stored(Seconds time) {
     return std::llround(std::fmax(-kLimit, std::fmin(time * 1000, kLimit)));
 }
 
-Seconds restored(std::int64_t time) { return static_cast<double>(time) / 1000; }
+Seconds restored(std::int64_t time) {
+    return static_cast<double>(time) / 1000;
+}
 
 /// Gives the file and SQLite's files beside it a name that nobody has.
 Result<std::filesystem::path> setAside(const std::filesystem::path& path) {
@@ -88,18 +92,16 @@ Status HistoryFile::prepareSchema(const std::string& name) {
     if (*version > kVersion) {
         return Error{"“" + name + "”: it is of a newer version of the program (" + std::to_string(*version) + ")"};
     }
-    if (*version < kVersion && *tables > 0) return Error{"“" + name + "”: it is another program's database"};
+    if (*version<kVersion&& * tables> 0) return Error{"“" + name + "”: it is another program's database"};
 
     // Readers and the writer do not hinder each other; a loss of power may take the last seconds, never the file.
     if (const auto mode = database_.run("PRAGMA journal_mode = WAL; PRAGMA synchronous = NORMAL;"); !mode) return mode;
     if (*version == kVersion) {
         // Touches both tables, so that damage at their roots shows now.
-        const auto count =
-            database_.integer("SELECT (SELECT count(*) FROM series) + EXISTS (SELECT 1 FROM sample)");
+        const auto count = database_.integer("SELECT (SELECT count(*) FROM series) + EXISTS (SELECT 1 FROM sample)");
         return count ? success() : Status(count.error());
     }
-    const auto made = database_.run(std::string("BEGIN IMMEDIATE;") + kSchema + "COMMIT;");
-    return made;
+    return database_.run(kSchema);
 }
 
 Result<std::int64_t> HistoryFile::series(const std::string& site, const std::string& key) {

@@ -37,21 +37,28 @@ Result<std::shared_ptr<HistoryStore>> HistoryStore::open(const std::filesystem::
     auto opened = HistoryFile::openForWriting(path);
     if (!opened) return opened.error();
     if (opened->damage) logLine(opened->damage->message);
-    return std::shared_ptr<HistoryStore>(
-        new HistoryStore(std::make_shared<HistoryWriter>(path, std::move(*opened))));
+    return std::shared_ptr<HistoryStore>(new HistoryStore(std::make_shared<HistoryWriter>(path, std::move(*opened))));
 }
 
-HistoryStore::~HistoryStore() { writer_->close(); }
+HistoryStore::~HistoryStore() {
+    writer_->close();
+}
 
-std::optional<Error> HistoryStore::damage() const { return writer_->damage(); }
+std::optional<Error> HistoryStore::damage() const {
+    return writer_->damage();
+}
 
-std::optional<Error> HistoryStore::trouble() const { return writer_->trouble(); }
+std::optional<Error> HistoryStore::trouble() const {
+    return writer_->trouble();
+}
 
 void HistoryStore::append(std::string site, Reading reading) {
     writer_->append({std::move(site), std::move(reading)});
 }
 
-Status HistoryStore::flush() { return writer_->flush(); }
+Status HistoryStore::flush() {
+    return writer_->flush();
+}
 
 std::shared_ptr<HistoryLoader> HistoryStore::loader(std::string site) const {
     return std::make_shared<StoreLoader>(writer_, std::move(site));

@@ -34,10 +34,11 @@ void HistoryWriter::append(SiteReading reading) {
 
 /// The caller holds the lock.
 void HistoryWriter::drop() {
-    while (waiting_.size() > kCapacity) {
-        waiting_.pop_front();
-        ++settled_;
-    }
+    if (waiting_.size() <= kCapacity) return;
+    if (!std::exchange(isDropping_, true)) logLine("The history loses its oldest unwritten readings");
+    const auto excess = waiting_.size() - kCapacity;
+    waiting_.erase(waiting_.begin(), waiting_.begin() + static_cast<std::ptrdiff_t>(excess));
+    settled_ += excess;
 }
 
 Status HistoryWriter::flush() {
@@ -81,9 +82,8 @@ void HistoryWriter::run() {
     for (;;) {
         wake_.wait(lock, [this] { return closing_ || !waiting_.empty(); });
         if (waiting_.empty()) break;
-        wake_.wait_for(lock, trouble_ ? kRetryTime : kGatherTime, [this] {
-            return closing_ || flushes_ > 0 || (!trouble_ && waiting_.size() >= kBatch);
-        });
+        wake_.wait_for(lock, trouble_ ? kRetryTime : kGatherTime,
+                       [this] { return closing_ || flushes_ > 0 || (!trouble_ && waiting_.size() >= kBatch); });
         auto batch = std::exchange(waiting_, {});
         lock.unlock();
         const auto written = write(batch);
@@ -102,6 +102,7 @@ void HistoryWriter::settle(std::deque<SiteReading> batch, const Status& written)
     if (written) {
         settled_ += batch.size();
         trouble_.reset();
+        isDropping_ = false;
         return;
     }
     if (!trouble_) logLine("The history is not stored: " + written.error().message);

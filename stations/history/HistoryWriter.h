@@ -54,6 +54,7 @@ private:
     int flushes_ = 0;
     bool closing_ = false;
     bool ended_ = false;
+    bool isDropping_ = false;
     std::optional<Error> damage_;
     std::optional<Error> trouble_;
     std::thread thread_;

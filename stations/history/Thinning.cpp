@@ -29,9 +29,8 @@ void Thinning::endPiece() {
         samples_.push_back(sum_);
         return;
     }
-    const auto [first, last] = std::minmax(least_, greatest_, [](const Sample& a, const Sample& b) {
-        return a.time < b.time;
-    });
+    const auto [first, last] =
+        std::minmax(least_, greatest_, [](const Sample& a, const Sample& b) { return a.time < b.time; });
     samples_.push_back(first);
     if (last.time != first.time) samples_.push_back(last);
 }

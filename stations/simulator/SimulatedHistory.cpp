@@ -54,13 +54,12 @@ Series seriesFor(const WeatherModel& model, std::string_view key) {
         return derived(model, [](const Weather& w) { return dewPoint(w.outdoorTemperature, w.outdoorHumidity); });
     }
     if (key == kOutdoorHeatIndex) {
-        return derived(model, [](const Weather& w) {
-            return std::optional(heatIndex(w.outdoorTemperature, w.outdoorHumidity));
-        });
+        return derived(
+            model, [](const Weather& w) { return std::optional(heatIndex(w.outdoorTemperature, w.outdoorHumidity)); });
     }
     if (key == kWindChill) {
-        return derived(
-            model, [](const Weather& w) { return std::optional(windChill(w.outdoorTemperature, w.windSpeed)); });
+        return derived(model,
+                       [](const Weather& w) { return std::optional(windChill(w.outdoorTemperature, w.windSpeed)); });
     }
     if (key == kFeelsLike) {
         return derived(model, [](const Weather& w) {

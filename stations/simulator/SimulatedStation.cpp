@@ -55,7 +55,9 @@ private:
 
 StationClock::StationClock(Seconds start, double speed) : start_(start), speed_(speed), realStart_(wallClock()) {}
 
-Seconds StationClock::now() const { return start_ + (wallClock() - realStart_) * speed_; }
+Seconds StationClock::now() const {
+    return start_ + (wallClock() - realStart_) * speed_;
+}
 
 DriverResult SimulatedStation::create(const Value::Dictionary& settings) {
     NumberSettings numbers(settings);

@@ -10,9 +10,13 @@ constexpr double kTurn = 2 * std::numbers::pi;
 constexpr double kDay = 86400;
 constexpr double kYear = 365.2425 * kDay;
 
-double radians(double degrees) { return degrees * std::numbers::pi / 180; }
+double radians(double degrees) {
+    return degrees * std::numbers::pi / 180;
+}
 
-double fractionOf(double value) { return value - std::floor(value); }
+double fractionOf(double value) {
+    return value - std::floor(value);
+}
 
 double declination(double year) {
     const double a = kTurn * year;
@@ -29,9 +33,13 @@ double equationOfTime(double year) {
 
 }  // namespace
 
-double yearFraction(Seconds time) { return fractionOf(time / kYear); }
+double yearFraction(Seconds time) {
+    return fractionOf(time / kYear);
+}
 
-double solarHour(Seconds time, double longitude) { return 24 * fractionOf(time / kDay + longitude / 360); }
+double solarHour(Seconds time, double longitude) {
+    return 24 * fractionOf(time / kDay + longitude / 360);
+}
 
 double sunHeight(Seconds time, const Place& place) {
     const double year = yearFraction(time);
@@ -49,6 +57,8 @@ double clearSkyRadiation(double sunHeight) {
     return sunHeight > 0 ? 1098 * sunHeight * std::exp(-0.059 / sunHeight) : 0;
 }
 
-double clearSkyUVIndex(double sunHeight) { return sunHeight > 0 ? 12.5 * std::pow(sunHeight, 2.42) : 0; }
+double clearSkyUVIndex(double sunHeight) {
+    return sunHeight > 0 ? 12.5 * std::pow(sunHeight, 2.42) : 0;
+}
 
 }  // namespace zor

@@ -15,8 +15,8 @@ struct Place {
 double yearFraction(Seconds time);
 /// Hours since the mean sun's midnight at the longitude, in [0, 24).
 double solarHour(Seconds time, double longitude);
-/// Sine of the sun's elevation, negative below the horizon. Declination and equation of time by Spencer (1971), "Fourier
-/// series representation of the position of the sun", Search 2 (5), 172.
+/// Sine of the sun's elevation, negative below the horizon. Declination and equation of time by Spencer (1971),
+/// "Fourier series representation of the position of the sun", Search 2 (5), 172.
 double sunHeight(Seconds time, const Place& place);
 /// Sine of the elevation at the day's highest stand.
 double noonSunHeight(Seconds time, double latitude);

@@ -58,7 +58,9 @@ constexpr std::array kFields = {
 /// Rain below this cannot be measured.
 constexpr double kLeastRate = 0.2;
 
-double sine(double degrees) { return std::sin(degrees * std::numbers::pi / 180); }
+double sine(double degrees) {
+    return std::sin(degrees * std::numbers::pi / 180);
+}
 
 }  // namespace
 
@@ -73,7 +75,9 @@ struct WeatherModel::Sky {
     double shower = 0;
 };
 
-std::span<const WeatherField> weatherFields() { return kFields; }
+std::span<const WeatherField> weatherFields() {
+    return kFields;
+}
 
 WeatherModel::WeatherModel(std::int64_t seed, const Place& place)
     : noise_(static_cast<std::uint64_t>(seed)), place_(place) {}
@@ -101,8 +105,8 @@ WeatherModel::Sky WeatherModel::sky(Seconds time) const {
         std::clamp(0.42 + 0.5 * noise_.smooth(kCloudHours, time, 16 * kHour) + 0.7 * sky.front.overcast, 0.0, 1.0);
     // Single clouds pass where the sky is neither clear nor closed.
     const double broken = 4 * sky.overcast * (1 - sky.overcast);
-    sky.cloud = std::clamp(
-        sky.overcast + 0.5 * broken * noise_.smooth(kCloudMinutes, time, 9 * kMinute) + sky.shower, 0.0, 1.0);
+    sky.cloud = std::clamp(sky.overcast + 0.5 * broken * noise_.smooth(kCloudMinutes, time, 9 * kMinute) + sky.shower,
+                           0.0, 1.0);
     return sky;
 }
 
@@ -160,8 +164,8 @@ Weather WeatherModel::at(Seconds time) const {
     weather.uvIndex = clearSkyUVIndex(sky.sunHeight) * (1 - 0.6 * std::pow(sky.cloud, 3));
 
     // Heated in winter, a little warmer in summer; the air outside comes in, dry in winter.
-    weather.indoorTemperature = 21.3 + 1.3 * season(time) + 0.15 * warmthOfDay(time, sky) +
-                                0.4 * noise_.smooth(kIndoorWarmth, time, 5 * kHour);
+    weather.indoorTemperature =
+        21.3 + 1.3 * season(time) + 0.15 * warmthOfDay(time, sky) + 0.4 * noise_.smooth(kIndoorWarmth, time, 5 * kHour);
     weather.indoorHumidity = 46 + 7 * season(time) + 3 * sky.front.warmth - 2 * sky.front.cold +
                              4 * noise_.smooth(kIndoorMoisture, time, 7 * kHour);
     return weather;
@@ -170,8 +174,8 @@ Weather WeatherModel::at(Seconds time) const {
 double WeatherModel::rainRate(Seconds time) const {
     const Seconds moment = (std::floor(time / kMinute) + 0.5) * kMinute;
     const auto front = frontalWeather(noise_, moment);
-    const double band = front.band * (1.8 + 1.6 * noise_.smooth(kRainBand, moment, 9 * kMinute));
-    const double rate = band + 14 * shower(moment, front);
+    const double band = front.band * (1.3 + 1.1 * noise_.smooth(kRainBand, moment, 9 * kMinute));
+    const double rate = band + 9 * shower(moment, front);
     return rate < kLeastRate ? 0 : rate;
 }
 
@@ -185,7 +189,9 @@ double WeatherModel::rain(Seconds from, Seconds to) const {
     return amount;
 }
 
-double WeatherModel::rainToday(Seconds time) const { return rain(localMidnight(time), time); }
+double WeatherModel::rainToday(Seconds time) const {
+    return rain(localMidnight(time), time);
+}
 
 Reading WeatherModel::reading(Seconds time, Seconds since) const {
     const Weather weather = at(time);

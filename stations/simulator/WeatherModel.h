@@ -30,12 +30,13 @@ struct Weather {
 /// A property of the station and where the weather has it.
 struct WeatherField {
     std::string_view key;
-    double Weather::* value;
+    double Weather::*value;
 };
 std::span<const WeatherField> weatherFields();
 
-/// Invented weather of a place in the west wind zone: seasons, day and night, fronts, gusts and showers. A pure function
-/// of time, so that past and present agree and any moment can be asked in any order; the seed decides everything.
+/// Invented weather of a place in the west wind zone: seasons, day and night, fronts, gusts and showers. A pure
+/// function of time, so that past and present agree and any moment can be asked in any order; the seed decides
+/// everything.
 class WeatherModel {
 public:
     WeatherModel(std::int64_t seed, const Place& place);

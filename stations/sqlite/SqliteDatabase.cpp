@@ -10,9 +10,13 @@ namespace {
 
 constexpr std::chrono::milliseconds kLockPause{20};
 
-int primary(int code) { return code & 0xff; }
+int primary(int code) {
+    return code & 0xff;
+}
 
-bool isLock(int code) { return primary(code) == SQLITE_BUSY || primary(code) == SQLITE_LOCKED; }
+bool isLock(int code) {
+    return primary(code) == SQLITE_BUSY || primary(code) == SQLITE_LOCKED;
+}
 
 /// Called by SQLite while somebody else holds a lock; 0 gives up.
 int waitForLock(void* context, int attempt) {
@@ -38,7 +42,9 @@ Error detail::SqliteContext::noteFault(sqlite3* connection) {
     return {"“" + path + "”: " + text};
 }
 
-void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+void SqliteStatement::Finalize::operator()(sqlite3_stmt* statement) const {
+    sqlite3_finalize(statement);
+}
 
 SqliteStatement& SqliteStatement::bind(int parameter, std::int64_t value) {
     isUnbound_ |= sqlite3_bind_int64(statement_.get(), parameter, value) != SQLITE_OK;
@@ -56,7 +62,9 @@ SqliteStatement& SqliteStatement::bind(int parameter, std::string_view value) {
     return *this;
 }
 
-Error SqliteStatement::fault() const { return context_->noteFault(sqlite3_db_handle(statement_.get())); }
+Error SqliteStatement::fault() const {
+    return context_->noteFault(sqlite3_db_handle(statement_.get()));
+}
 
 Result<bool> SqliteStatement::step() {
     if (std::exchange(isUnbound_, false)) return fault();
@@ -87,9 +95,13 @@ bool SqliteStatement::isNull(int column) const {
     return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
 }
 
-std::int64_t SqliteStatement::integer(int column) const { return sqlite3_column_int64(statement_.get(), column); }
+std::int64_t SqliteStatement::integer(int column) const {
+    return sqlite3_column_int64(statement_.get(), column);
+}
 
-double SqliteStatement::real(int column) const { return sqlite3_column_double(statement_.get(), column); }
+double SqliteStatement::real(int column) const {
+    return sqlite3_column_double(statement_.get(), column);
+}
 
 std::optional<double> SqliteStatement::number(int column) const {
     const int type = sqlite3_column_type(statement_.get(), column);
@@ -103,7 +115,9 @@ std::string SqliteStatement::text(int column) const {
     return {characters, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
 }
 
-void SqliteDatabase::Close::operator()(sqlite3* connection) const { sqlite3_close_v2(connection); }
+void SqliteDatabase::Close::operator()(sqlite3* connection) const {
+    sqlite3_close_v2(connection);
+}
 
 Result<SqliteDatabase> SqliteDatabase::open(const std::filesystem::path& path, Mode mode, SqliteWaiting waiting) {
     std::error_code code;
@@ -166,6 +180,8 @@ bool SqliteDatabase::isDamaged() const {
     return primary(context_->fault) == SQLITE_CORRUPT || primary(context_->fault) == SQLITE_NOTADB;
 }
 
-bool SqliteDatabase::isLocked() const { return isLock(context_->fault); }
+bool SqliteDatabase::isLocked() const {
+    return isLock(context_->fault);
+}
 
 }  // namespace zor

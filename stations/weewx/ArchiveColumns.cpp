@@ -92,13 +92,14 @@ constexpr auto kSystemUnits = std::to_array<SystemUnit>({
 
 }  // namespace
 
-std::span<const ArchiveColumn> archiveColumns() { return kColumns; }
+std::span<const ArchiveColumn> archiveColumns() {
+    return kColumns;
+}
 
 const Unit* archiveUnit(Quantity quantity, std::int64_t usUnits) {
     if (usUnits != kUS && usUnits != kMetric && usUnits != kMetricWX) return nullptr;
-    const auto found = std::ranges::find_if(kSystemUnits, [&](const SystemUnit& unit) {
-        return unit.usUnits == usUnits && unit.quantity == quantity;
-    });
+    const auto found = std::ranges::find_if(
+        kSystemUnits, [&](const SystemUnit& unit) { return unit.usUnits == usUnits && unit.quantity == quantity; });
     return found == kSystemUnits.end() ? &baseUnit(quantity) : unitWithShortName(found->shortName, quantity);
 }
 

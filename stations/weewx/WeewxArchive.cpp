@@ -13,7 +13,9 @@ namespace {
 /// A month of five-minute rows.
 constexpr int kNewestRows = 31 * 288;
 
-std::string quoted(std::string_view name) { return "\"" + std::string(name) + "\""; }
+std::string quoted(std::string_view name) {
+    return "\"" + std::string(name) + "\"";
+}
 
 std::optional<double> inBaseUnit(std::optional<double> stored, Quantity quantity, std::int64_t usUnits) {
     if (!stored) return {};

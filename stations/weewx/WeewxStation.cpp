@@ -7,7 +7,7 @@
 namespace zor {
 namespace {
 
-constexpr int kRowsAtOnce = 500;
+constexpr std::size_t kRowsAtOnce = 500;
 
 }  // namespace
 
@@ -68,31 +68,32 @@ void WeewxStation::start(Events events) {
 
 void WeewxStation::run(const std::stop_token& stop) {
     for (;;) {
-        const auto count = poll(stop);
+        const Seconds last = currentReading().time;
+        auto readings = readArchive(options_.file, {.stop = stop}, [last](const WeewxArchive& archive) {
+            return archive.readingsAfter(last, static_cast<int>(kRowsAtOnce));
+        });
         if (stop.stop_requested()) return;
-        thread_.report(count ? "" : count.error().message);
-        const bool isMore = count && *count == kRowsAtOnce;
+        thread_.report(readings ? "" : readings.error().message);
+        bool isMore = false;
+        if (readings) {
+            isMore = readings->size() == kRowsAtOnce;
+            for (auto& reading : *readings) take(std::move(reading));
+        }
         if (!isMore && !thread_.sleep(stop, options_.pollSeconds)) return;
     }
 }
 
-Result<int> WeewxStation::poll(const std::stop_token& stop) {
-    const Seconds last = currentReading().time;
-    auto readings = readArchive(options_.file, {.stop = stop}, [last](const WeewxArchive& archive) {
-        return archive.readingsAfter(last, kRowsAtOnce);
-    });
-    if (!readings) return readings.error();
-    for (auto& reading : *readings) {
-        auto pruned = withoutUnused(std::move(reading));
-        {
-            const std::lock_guard lock(mutex_);
-            newest_ = pruned;
-        }
-        thread_.deliver(std::move(pruned));
+void WeewxStation::take(Reading reading) {
+    reading = withoutUnused(std::move(reading));
+    {
+        const std::lock_guard lock(mutex_);
+        newest_ = reading;
     }
-    return static_cast<int>(readings->size());
+    thread_.deliver(std::move(reading));
 }
 
-std::shared_ptr<HistoryLoader> WeewxStation::historyLoader() { return std::make_shared<WeewxHistory>(options_.file); }
+std::shared_ptr<HistoryLoader> WeewxStation::historyLoader() {
+    return std::make_shared<WeewxHistory>(options_.file);
+}
 
 }  // namespace zor

@@ -35,8 +35,7 @@ public:
 private:
     WeewxStation(Options options, std::set<std::string> used, Reading newest);
     void run(const std::stop_token& stop);
-    /// How many rows there were; the error says why none could be read.
-    Result<int> poll(const std::stop_token& stop);
+    void take(Reading reading);
     Reading withoutUnused(Reading reading);
 
     const Options options_;
