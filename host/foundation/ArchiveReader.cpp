@@ -153,8 +153,7 @@ void ArchiveReader::push(Level level) {
 }
 
 void ArchiveReader::finishLevel() {
-    Level level = std::move(levels_.back());
-    levels_.pop_back();
+    Level& level = levels_.back();
     Decoded& decoded = decoded_[level.slot];
     if (level.height == archive::deepestLevel) fail(decoded, Reason::tooDeep);
     if (!decoded.failure) fill(level, decoded);
@@ -164,6 +163,7 @@ void ArchiveReader::finishLevel() {
     } else {
         decoded.height = level.height + 1;
     }
+    levels_.pop_back();
     if (!levels_.empty()) levels_.back().height = std::max(levels_.back().height, decoded.height);
 }
 

@@ -8,6 +8,7 @@
 #include <optional>
 #include <utility>
 
+#include "host/foundation/BigEndian.h"
 #include "host/foundation/PropertyListFormats.h"
 #include "host/foundation/Unicode.h"
 
@@ -20,20 +21,13 @@ using Kind = PropertyListKind;
 
 constexpr std::size_t trailerSize = 32;
 
-inline std::uint64_t bigEndian(const std::uint8_t* bytes, std::size_t size) {
-    std::uint64_t number = 0;
-    for (std::size_t index = 0; index < size; ++index) number = number << 8 | bytes[index];
-    return number;
-}
-
 class Reader {
 public:
     explicit Reader(std::span<const std::uint8_t> data) : data_(data) {}
 
     Result<PropertyListTables> read() {
         if (!readTrailer() || !joinEqualOffsets()) return *error_;
-        // Text and data stay where the file has them.
-        tables_.bytes.assign(reinterpret_cast<const char*>(data_.data()), objectsEnd_);
+        tables_.source = {reinterpret_cast<const char*>(data_.data()), objectsEnd_};
         tables_.nodes.reserve(count_);
         tables_.references.reserve((objectsEnd_ - binaryPropertyListMagic.size()) / referenceSize_);
         for (std::size_t index = 0; index < count_; ++index) {
@@ -49,7 +43,10 @@ private:
         return false;
     }
 
-    std::uint64_t number(std::size_t offset, std::size_t size) const { return bigEndian(data_.data() + offset, size); }
+    /// Before the trailer's last number eight bytes can always be read.
+    std::uint64_t number(std::size_t offset, std::size_t size) const {
+        return loadBigEndian(data_.data() + offset, size);
+    }
 
     bool readTrailer() {
         constexpr std::size_t smallest = binaryPropertyListMagic.size() + 1 + 1 + trailerSize;
@@ -218,14 +215,14 @@ private:
         const std::size_t whole = extentOf->header + size;
         if (type == 0x4) return add(Kind::data, start, offset, whole, size);
         if (!isUtf16) {
-            if (!isUtf8({tables_.bytes.data() + start, size})) return fail("text that is not UTF-8", offset);
+            if (!isUtf8(tables_.source.substr(start, size))) return fail("text that is not UTF-8", offset);
             return add(Kind::string, start, offset, whole, size);
         }
         const std::size_t converted = tables_.bytes.size();
         if (!appendUtf8FromUtf16(tables_.bytes, data_.subspan(start, size), true)) {
             return fail("text that is not UTF-16", offset);
         }
-        return add(Kind::string, converted, offset, whole, tables_.bytes.size() - converted);
+        return add(Kind::string, tables_.source.size() + converted, offset, whole, tables_.bytes.size() - converted);
     }
 
     bool readContainer(Kind kind, std::size_t offset, std::size_t low) {
@@ -235,27 +232,10 @@ private:
         const std::size_t references = extentOf->count * perEntry;
         const std::size_t first = tables_.references.size();
         if (!add(kind, first, offset, extentOf->header + references * referenceSize_, extentOf->count)) return false;
-        const std::size_t start = offset + extentOf->header;
-        // With the width known to the compiler each is one load.
-        switch (referenceSize_) {
-            case 1:
-                return readReferences<1>(start, references);
-            case 2:
-                return readReferences<2>(start, references);
-            case 4:
-                return readReferences<4>(start, references);
-            default:
-                return readReferences<0>(start, references);
-        }
-    }
-
-    template <std::size_t width>
-    bool readReferences(std::size_t start, std::size_t count) {
-        const std::size_t size = width > 0 ? width : referenceSize_;
-        const std::uint8_t* place = data_.data() + start;
-        for (std::size_t index = 0; index < count; ++index, place += size) {
-            const std::uint64_t child = bigEndian(place, size);
-            if (child >= count_) return fail("a reference to an object that does not exist", start + index * size);
+        std::size_t place = offset + extentOf->header;
+        for (std::size_t index = 0; index < references; ++index, place += referenceSize_) {
+            const std::uint64_t child = number(place, referenceSize_);
+            if (child >= count_) return fail("a reference to an object that does not exist", place);
             tables_.references.push_back(joined_.empty() ? static_cast<Index>(child) : joined_[child]);
         }
         return true;

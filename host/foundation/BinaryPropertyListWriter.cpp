@@ -4,6 +4,7 @@
 #include <bit>
 #include <cstring>
 
+#include "host/foundation/BigEndian.h"
 #include "host/foundation/PropertyListFormats.h"
 #include "host/foundation/Unicode.h"
 
@@ -47,7 +48,7 @@ public:
         put(binaryPropertyListMagic);
         std::uint8_t* offset = data_.data() + objects;
         for (std::size_t index = count; index-- > 0; offset += offsetWidth) {
-            store(offset, position_, offsetWidth);
+            storeBigEndian(offset, position_, offsetWidth);
             putNode(tables_.nodes[index]);
         }
         position_ = data_.size() - trailerSize + unusedInTrailer;
@@ -148,12 +149,8 @@ private:
         }
     }
 
-    static void store(std::uint8_t* place, std::uint64_t number, std::size_t width) {
-        for (std::size_t index = width; index-- > 0; number >>= 8) place[index] = static_cast<std::uint8_t>(number);
-    }
-
     void put(std::uint64_t number, std::size_t width) {
-        store(data_.data() + position_, number, width);
+        storeBigEndian(data_.data() + position_, number, width);
         position_ += width;
     }
 

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "host/foundation/ClassRegistry.h"
+#include "host/foundation/FlatDelete.h"
 #include "host/foundation/Object.h"
 #include "host/foundation/ValueConversion.h"
 
@@ -25,7 +26,7 @@ public:
         : record_(std::make_unique<ClassRecord>(std::move(name), base)) {}
 
     ClassBuilder& creatable() {
-        record_->create_ = [] { return std::make_shared<T>(); };
+        record_->create_ = [] { return std::shared_ptr<T>(new T(), FlatDelete()); };
         return *this;
     }
 

@@ -47,7 +47,7 @@ Result<std::uint64_t> rootNumber(const PropertyList& list) {
 }  // namespace
 
 Result<Value> KeyedUnarchiver::unarchivedRoot(std::span<const std::uint8_t> data, const UnarchivingOptions& options) {
-    const auto list = PropertyList::parse(data);
+    const auto list = PropertyList::parseInPlace(data);
     if (!list) return list.error();
     const auto origin = checkOrigin(*list);
     if (!origin) return origin.error();

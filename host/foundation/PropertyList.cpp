@@ -5,6 +5,13 @@
 namespace zor {
 
 Result<PropertyList> PropertyList::parse(std::span<const std::uint8_t> data) {
+    const auto kept = std::make_shared<const Bytes>(data.begin(), data.end());
+    auto list = parseInPlace(*kept);
+    if (list) list->data_ = kept;
+    return list;
+}
+
+Result<PropertyList> PropertyList::parseInPlace(std::span<const std::uint8_t> data) {
     const std::string_view text(reinterpret_cast<const char*>(data.data()), data.size());
     auto tables = text.starts_with(binaryPropertyListMagic) ? readBinaryPropertyList(data) : readXmlPropertyList(data);
     if (!tables) return tables.error();

@@ -2,6 +2,7 @@
 // Property lists: what keyed archives and Info files are made of.
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -26,6 +27,8 @@ public:
     /// taken; text must be UTF-8, UTF-16 or ASCII; dictionary keys must be strings; a container that contains itself is
     /// refused. Integers that need more than 64 bits become reals, sets arrays. Errors name the byte offset at fault.
     static Result<PropertyList> parse(std::span<const std::uint8_t> data);
+    /// The same, but `data` must outlive the list, which refers to it.
+    static Result<PropertyList> parseInPlace(std::span<const std::uint8_t> data);
     /// The binary form.
     Bytes binary() const;
 
@@ -56,6 +59,8 @@ public:
 
 private:
     PropertyListTables tables_;
+    /// What the tables refer to, where the list keeps it.
+    std::shared_ptr<const Bytes> data_;
 };
 
 }  // namespace zor

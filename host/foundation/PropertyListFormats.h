@@ -12,7 +12,7 @@ namespace zor {
 
 inline constexpr std::string_view binaryPropertyListMagic = "bplist00";
 
-/// Errors name the byte offset at fault.
+/// Errors name the byte offset at fault. The tables of the binary form refer to `data`.
 Result<PropertyListTables> readBinaryPropertyList(std::span<const std::uint8_t> data);
 Result<PropertyListTables> readXmlPropertyList(std::span<const std::uint8_t> data);
 Bytes writeBinaryPropertyList(const PropertyListTables& tables);

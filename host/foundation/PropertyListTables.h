@@ -20,7 +20,7 @@ struct PropertyListNode {
     PropertyListKind kind = PropertyListKind::null;
     /// Bytes of text or data, items of an array, entries of a dictionary.
     std::uint32_t count = 0;
-    /// A number's bits, or where text and data begin in `bytes` and children in `references`.
+    /// A number's bits, or where children begin in `references`, text and data in `source` or, behind it, in `bytes`.
     std::uint64_t payload = 0;
 
     bool isContainer() const { return kind == PropertyListKind::array || kind == PropertyListKind::dictionary; }
@@ -32,7 +32,8 @@ struct PropertyListTables {
     std::vector<PropertyListNode> nodes;
     /// The children of arrays; of a dictionary first all its keys, then as many values.
     std::vector<Index> references;
-    /// UTF-8 text and data.
+    /// UTF-8 text and data: where the file had them, which the tables do not own, and of the tables' own.
+    std::string_view source;
     std::string bytes;
     Index root = 0;
 
@@ -41,7 +42,10 @@ struct PropertyListTables {
         const bool isDictionary = container.kind == PropertyListKind::dictionary;
         return {references.data() + container.payload, std::size_t{container.count} * (isDictionary ? 2 : 1)};
     }
-    std::string_view text(const PropertyListNode& node) const { return {bytes.data() + node.payload, node.count}; }
+    std::string_view text(const PropertyListNode& node) const {
+        const bool isOwn = node.payload >= source.size();
+        return {isOwn ? bytes.data() + (node.payload - source.size()) : source.data() + node.payload, node.count};
+    }
 };
 
 }  // namespace zor

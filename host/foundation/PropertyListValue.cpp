@@ -1,6 +1,8 @@
 // Between property lists and values.
 
+#include <algorithm>
 #include <unordered_map>
+#include <utility>
 
 #include "host/foundation/PropertyList.h"
 #include "host/foundation/PropertyListBuilder.h"
@@ -155,8 +157,7 @@ private:
         if (!value.isArray() && !value.isDictionary()) {
             return fail("a null placeholder or an object cannot be stored in a property list");
         }
-        if (level > PropertyList::deepestValue) return fail(tooDeep().message);
-        return value.isArray() ? addArray(value.asArray(), level) : addDictionary(value.asDictionary(), level);
+        return value.isArray() ? addContainer(value.asArray(), level) : addContainer(value.asDictionary(), level);
     }
 
     std::optional<Index> addString(std::string_view text) {
@@ -164,29 +165,49 @@ private:
         return string ? string : fail("text that is not UTF-8 cannot be stored in a property list");
     }
 
-    std::optional<Index> addArray(const Value::Array& array, std::size_t level) {
-        if (const auto known = stored_.find(&array); known != stored_.end()) return known->second;
+    template <typename Container>
+    std::optional<Index> addContainer(const Container& container, std::size_t level) {
+        if (level > PropertyList::deepestValue) return fail(tooDeep().message);
+        if (const auto known = stored_.find(&container); known != stored_.end()) {
+            deepest_ = std::max(deepest_, level + known->second.height - 1);
+            return deepest_ <= PropertyList::deepestValue ? known->second.node : fail(tooDeep().message);
+        }
+        const auto deepestBeside = std::exchange(deepest_, level);
+        const Index node = addEntries(container, level);
+        stored_[&container] = {node, deepest_ - level + 1};
+        deepest_ = std::max(deepest_, deepestBeside);
+        return node;
+    }
+
+    Index addEntries(const Value::Array& array, std::size_t level) {
         std::vector<Index> items;
         for (const auto& entry : array) {
             if (const auto item = add(entry, level + 1)) items.push_back(*item);
         }
-        return stored_[&array] = builder_.addArray(items);
+        return builder_.addArray(items);
     }
 
-    std::optional<Index> addDictionary(const Value::Dictionary& dictionary, std::size_t level) {
-        if (const auto known = stored_.find(&dictionary); known != stored_.end()) return known->second;
+    Index addEntries(const Value::Dictionary& dictionary, std::size_t level) {
         std::vector<PropertyListBuilder::Entry> entries;
         for (const auto& [name, entry] : dictionary) {
             const auto value = add(entry, level + 1);
             const auto key = value ? addString(name) : std::nullopt;
             if (key) entries.push_back({*key, *value});
         }
-        return stored_[&dictionary] = builder_.addDictionary(entries);
+        return builder_.addDictionary(entries);
     }
+
+    struct Stored {
+        Index node = 0;
+        /// Levels of containers.
+        std::size_t height = 0;
+    };
 
     PropertyListBuilder builder_;
     std::optional<Error> error_;
-    std::unordered_map<const void*, Index> stored_;
+    std::unordered_map<const void*, Stored> stored_;
+    /// The deepest level met inside of the container that is being added.
+    std::size_t deepest_ = 0;
 };
 
 }  // namespace

@@ -28,6 +28,8 @@ public:
 
     SharingArchive() { objects_ = {text("$null"), 0}; }
 
+    /// The first object that is added is number 2.
+    Index uid(std::uint64_t number) { return list_.addUid(number); }
     Index text(std::string_view text) { return *list_.addString(text); }
     /// Adds an object and gives the node of its UID.
     Index add(Index node) {
@@ -138,6 +140,34 @@ TEST(KeyedUnarchiverProportion, LooksAtListsOfClassNamesInProportion) {
     ASSERT_TRUE(root);
     EXPECT_EQ(root->asArray(), Value::Array(count, Null{}));
     EXPECT_LT(nobody.seen, 20 * count);
+}
+
+TEST(KeyedUnarchiverProportion, ReleasesAChainWhoseLevelsCirclesHide) {
+    // Head n weakly holds link n, which strongly holds head n, which strongly holds link n - 1. Met in this order each
+    // head is an open circle when its link is decoded, so that nothing seems deep.
+    constexpr std::uint64_t count = 200'000;
+    SharingArchive archive;
+    const auto nodeClass = archive.addClass("ArchiveTestNode");
+    const auto arrayClass = archive.addClass("NSArray");
+    const auto text = [&](std::string_view key) { return archive.text(key); };
+    std::vector<SharingArchive::Index> heads;
+    for (std::uint64_t index = 0; index < count; ++index) {
+        const auto headNumber = 4 + 2 * index;
+        const auto previousLink = archive.uid(index == 0 ? 0 : headNumber - 1);
+        heads.push_back(archive.add(archive.dictionary({{text("parent"), archive.uid(headNumber + 1)},
+                                                        {text("other"), previousLink},
+                                                        {text("$class"), nodeClass}})));
+        archive.add(archive.dictionary({{text("other"), archive.uid(headNumber)}, {text("$class"), nodeClass}}));
+    }
+    registerClasses();
+    auto root = archive.unarchived(archive.container(arrayClass, archive.array(heads)));
+    ASSERT_TRUE(root) << root.error().message;
+    const std::weak_ptr<Node> first = root->asArray().front().as<Node>();
+    ObjectPtr last = root->asArray().back().asObject();
+    *root = {};
+    EXPECT_FALSE(first.expired());
+    last.reset();
+    EXPECT_TRUE(first.expired());
 }
 
 TEST(KeyedUnarchiverProportion, RefusesTextRepeatedOutOfProportion) {

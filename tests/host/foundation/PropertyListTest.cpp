@@ -99,6 +99,16 @@ TEST(PropertyList, CountsLevelsOfSharedContainersToo) {
     EXPECT_EQ(list->value(list->root()).error().message, "the property list nests deeper than 64 levels");
 }
 
+TEST(PropertyList, WritesNoSharedContainerDeeperThanItReads) {
+    const Value tall = nestedArrays(40);
+    Value deep(Value::Array{tall});
+    for (int level = 0; level < 23; ++level) deep = Value(Value::Array{deep});
+    // The root, 24 arrays around the 40.
+    EXPECT_EQ(PropertyList::fromValue(Value(Value::Array{tall, deep})).error().message,
+              "the property list nests deeper than 64 levels");
+    EXPECT_TRUE(PropertyList::fromValue(Value(Value::Array{tall, tall})));
+}
+
 /// Each array holds the next one twice.
 Bytes doublingFile(int levels) {
     PropertyListBytes bytes;
