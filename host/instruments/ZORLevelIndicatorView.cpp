@@ -13,7 +13,7 @@ namespace {
 
 /// Scales in smaller letters are left out.
 constexpr double smallestLabelSize = 7;
-constexpr double largestLabelSize = 32;
+constexpr double largestLabelSize = 48;
 /// Of the marks below the bar, as a part of the labels' size.
 constexpr double markLength = 0.35;
 constexpr double lineHeight = 1.25;
@@ -34,7 +34,7 @@ void ZORLevelIndicatorView::drawRect(DrawingContext& context, const Rect&) {
     const double fontSize = std::min(barHeight * 0.75, largestLabelSize);
     const bool hasScale = fontSize >= smallestLabelSize;
     const double scaleHeight = hasScale ? fontSize * (markLength + lineHeight) : 0;
-    const double height = hasScale ? barHeight : std::min(bounds().height, bounds().width * 0.3);
+    const double height = hasScale ? barHeight : std::min(bounds().height, bounds().width * 0.24);
     const Rect bar{0, (bounds().height - height - scaleHeight) / 2, bounds().width, height};
     drawBar(context, bar);
     if (hasScale) drawScale(context, bar, fontSize);

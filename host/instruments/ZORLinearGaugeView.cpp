@@ -13,7 +13,7 @@ namespace {
 
 /// Labels in smaller letters are left out.
 constexpr double smallestLabelSize = 6;
-constexpr double largestLabelSize = 36;
+constexpr double largestLabelSize = 60;
 /// As parts of the labels' size.
 constexpr double lineHeight = 1.25;
 constexpr double columnWidth = 1.3;
@@ -45,10 +45,10 @@ std::optional<std::string> ZORLinearGaugeView::text() const {
 
 void ZORLinearGaugeView::drawRect(DrawingContext& context, const Rect&) {
     if (!isVisibleArea(bounds())) return;
-    const double fontSize = std::min({bounds().width * 0.13, bounds().height * 0.05, largestLabelSize});
+    const double fontSize = std::min({bounds().width * 0.13, bounds().height * 0.07, largestLabelSize});
     const bool hasLabels = fontSize >= smallestLabelSize;
     // Without labels the column alone fills the middle of the view.
-    const double unitSize = hasLabels ? fontSize : std::min(bounds().width * 0.2, bounds().height * 0.05);
+    const double unitSize = hasLabels ? fontSize : std::min(bounds().width * 0.25, bounds().height * 0.14);
     const Rect area = scaleArea(bounds(), unitSize, hasLabels);
     const Font font{.size = fontSize};
     std::vector<ScaleMark> scale;

@@ -32,7 +32,7 @@ void ZORWebView::drawRect(DrawingContext& context, const Rect&) {
 
     // The bar with the address, which is the first thing to stay when there is little room.
     const double margin = std::min(10.0, side * 0.1);
-    const double barHeight = std::min(24.0, bounds().height - 2 * margin);
+    const double barHeight = std::min({24.0, bounds().height - 2 * margin, bounds().width * 0.35});
     const Rect bar{margin, margin, bounds().width - 2 * margin, barHeight};
     drawCard(context, bar, barHeight / 2, palette::ground, Color::clear());
     const auto host = hostOfURL(url_);
@@ -42,9 +42,10 @@ void ZORWebView::drawRect(DrawingContext& context, const Rect&) {
     // Lines of a page below it.
     constexpr double lineHeight = 6;
     constexpr double lineStep = 18;
+    constexpr std::size_t mostLines = 200;
     constexpr std::array<double, 4> shares{1, 0.92, 0.97, 0.6};
     double y = bar.maxY() + lineStep;
-    for (std::size_t line = 0; y + lineHeight + margin <= bounds().maxY() && line < 12; ++line, y += lineStep) {
+    for (std::size_t line = 0; y + lineHeight + margin <= bounds().maxY() && line < mostLines; ++line, y += lineStep) {
         const Rect text{margin, y, bar.width * shares[line % shares.size()], lineHeight};
         context.fillPath(Path::roundedRect(text, lineHeight / 2), palette::ground);
     }

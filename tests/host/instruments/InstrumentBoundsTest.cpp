@@ -36,8 +36,8 @@ Rect inkOf(const DrawingOperation& operation) {
 
 std::vector<std::shared_ptr<ZORInstrumentView>> instruments(bool linked) {
     std::vector<std::shared_ptr<ZORInstrumentView>> all;
-    for (const char* kind : {"textField", "dateTimeField", "box", "imageView", "led", "mapView", "webView",
-                             "levelIndicator", "linearGauge"}) {
+    for (const char* kind : {"textField", "dateTimeField", "box", "imageView", "led", "mapView", "webView", "plotView",
+                             "levelIndicator", "roundGauge", "linearGauge"}) {
         const auto widget = ZORWidgetHostView::widgetOfKind(kind, {}, {});
         const auto instrument = widget->instrument();
         widget->setTargetView({});
