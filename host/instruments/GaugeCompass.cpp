@@ -10,9 +10,11 @@ namespace zor {
 namespace {
 
 // In parts of the radius.
-constexpr double discRadius = 0.47;
-constexpr double tickOuter = 0.9;
-constexpr double letterRadius = 0.7;
+constexpr double discRadius = 0.46;
+/// The needle ends where the letters begin, so that it never covers one.
+constexpr double needleTip = 0.68;
+constexpr double letterRadius = 0.765;
+constexpr double tickOuter = 0.925;
 
 // In points: what is smaller is left out.
 constexpr double leastRadiusWithLetters = 36;
@@ -27,7 +29,7 @@ void drawTicks(const GaugeParts& parts) {
     const int step = parts.points(1) >= leastRadiusWithFineTicks ? 5 : 15;
     for (int bearing = 0; bearing < 360; bearing += step) {
         const bool isStrong = bearing % 45 == 0;
-        const double length = isStrong ? 0.075 : bearing % 15 == 0 ? 0.055 : 0.03;
+        const double length = isStrong ? 0.06 : bearing % 15 == 0 ? 0.045 : 0.025;
         (isStrong ? strong : fine).addSegment(parts.at(tickOuter, bearing), parts.at(tickOuter - length, bearing));
     }
     parts.context().strokePath(fine, {.color = parts.inks().secondary, .width = std::fmax(0.5, parts.points(0.009))});
@@ -39,7 +41,7 @@ void drawLetters(const GaugeParts& parts) {
     const int step = parts.points(1) >= leastRadiusWithMinorLetters ? 45 : 90;
     for (int bearing = 0; bearing < 360; bearing += step) {
         const bool isMain = bearing % 90 == 0;
-        const Font font = parts.font(isMain ? 0.16 : 0.085, isMain);
+        const Font font = parts.font(isMain ? 0.15 : 0.08, isMain);
         const Color color = bearing == 0 ? parts.style().needleColor
                             : isMain     ? parts.inks().ink
                                          : parts.inks().secondary;
@@ -69,7 +71,7 @@ void drawCompass(DrawingContext& context, const Rect& bounds, const CompassConte
     drawTicks(parts);
     drawLetters(parts);
     if (content.needle) {
-        parts.drawNeedle(*content.needle, {.tail = 0.3, .shoulder = discRadius, .tip = 0.86, .width = 0.17});
+        parts.drawNeedle(*content.needle, {.tail = 0.3, .shoulder = discRadius - 0.03, .tip = needleTip, .width = 0.27});
     }
     parts.drawDisc(discRadius);
     drawTexts(parts, content);

@@ -3,6 +3,7 @@
 
 #include "host/instruments/GaugeGeometry.h"
 #include "host/instruments/GaugeParts.h"
+#include "host/views/Toolkit.h"
 
 namespace zor {
 
@@ -14,8 +15,11 @@ constexpr double trackWidth = 0.055;
 constexpr double tickOuter = 0.82;
 constexpr double majorTickInner = 0.745;
 constexpr double minorTickInner = 0.785;
-constexpr double numberRadius = 0.635;
+/// Where the numbers end, towards the marks.
+constexpr double numberOuter = 0.715;
 constexpr double numberSize = 0.105;
+/// Digits are about this part of their font's size high.
+constexpr double digitHeight = 0.72;
 
 // In points: what is smaller is left out.
 constexpr double leastNumberSize = 7.5;
@@ -38,6 +42,16 @@ void drawTrack(const GaugeParts& parts, const DialContent& content) {
     }
 }
 
+/// Wide numbers stand farther in, so that every number ends equally far from its mark.
+void drawNumber(const GaugeParts& parts, const std::string& number, const Font& font, double bearing) {
+    const Size size = Toolkit::current().sizeOfText(number, font);
+    const Point towards = pointAtBearing({}, 1, bearing);
+    const double reach = std::abs(towards.x) * size.width / 2 + std::abs(towards.y) * font.size * digitHeight / 2;
+    const Point middle = pointAtBearing(parts.center(), parts.points(numberOuter) - reach, bearing);
+    parts.context().drawText(number, {middle.x - size.width, middle.y - size.height, 2 * size.width, 2 * size.height},
+                             font, parts.inks().ink, TextAlignment::center, VerticalAlignment::center);
+}
+
 void drawMarks(const GaugeParts& parts, const DialContent& content) {
     Path fine;
     Path strong;
@@ -50,12 +64,24 @@ void drawMarks(const GaugeParts& parts, const DialContent& content) {
         }
         strong.addSegment(parts.at(tickOuter, bearing), parts.at(majorTickInner, bearing));
         if (!numbers) continue;
-        const Rect box = squareAround(parts.at(numberRadius, bearing), parts.points(0.2));
-        parts.context().drawText(mark.label, box, *numbers, parts.inks().ink, TextAlignment::center,
-                                 VerticalAlignment::center);
+        drawNumber(parts, mark.label, *numbers, bearing);
     }
     parts.context().strokePath(fine, {.color = parts.inks().secondary, .width = std::fmax(0.5, parts.points(0.009))});
     parts.context().strokePath(strong, {.color = parts.inks().ink, .width = std::fmax(1, parts.points(0.017))});
+}
+
+/// Below the middle, between the ends of the scale, where the needle never comes.
+void drawTexts(const GaugeParts& parts, const DialContent& content) {
+    const double radius = parts.points(1);
+    if (radius >= leastRadiusWithTitle) {
+        parts.drawTitle(content.title, 0.34, {0.56, 0.23}, 0.105);
+        parts.drawLine(content.value, 0.605, {0.72, 0.28}, parts.valueFont(0.25), parts.inks().ink);
+    } else {
+        parts.drawLine(content.value, 0.52, {0.92, 0.4}, parts.valueFont(0.36), parts.inks().ink);
+    }
+    if (radius >= leastRadiusWithUnit) {
+        parts.drawLine(content.unit, 0.81, {0.5, 0.15}, parts.font(0.115), parts.inks().secondary);
+    }
 }
 
 }  // namespace
@@ -66,7 +92,7 @@ std::optional<Font> dialNumberFont(double radius) {
 }
 
 double dialNumberLength(double radius) {
-    return arcLength(radius * numberRadius);
+    return arcLength(radius * (numberOuter - numberSize));
 }
 
 double dialScaleLength(double radius) {
@@ -75,23 +101,12 @@ double dialScaleLength(double radius) {
 
 void drawDial(DrawingContext& context, const Rect& bounds, const DialContent& content, const GaugeStyle& style) {
     const GaugeParts parts(context, bounds, style);
-    const double radius = parts.points(1);
-    const bool hasNumbers = dialNumberFont(radius).has_value();
     parts.drawFace();
     drawTrack(parts, content);
     drawMarks(parts, content);
-    if (radius >= leastRadiusWithTitle) parts.drawTitle(content.title, -0.33, {0.78, 0.24}, 0.115);
-    // Without numbers on its sides there is more room for the value.
-    if (hasNumbers) {
-        parts.drawLine(content.value, 0.55, {0.72, 0.28}, parts.valueFont(0.25), parts.inks().ink);
-    } else {
-        parts.drawLine(content.value, 0.52, {0.92, 0.4}, parts.valueFont(0.36), parts.inks().ink);
-    }
-    if (radius >= leastRadiusWithUnit) {
-        parts.drawLine(content.unit, 0.77, {0.5, 0.15}, parts.font(0.12), parts.inks().secondary);
-    }
+    drawTexts(parts, content);
     if (content.needle) {
-        parts.drawNeedle(dialBearing(*content.needle), {.tail = -0.17, .shoulder = 0, .tip = 0.79, .width = 0.075});
+        parts.drawNeedle(dialBearing(*content.needle), {.tail = -0.16, .shoulder = 0, .tip = 0.79, .width = 0.075});
     }
     parts.drawHub();
 }

@@ -15,6 +15,8 @@ struct GaugeStyle {
     Color needleColor;
     /// Its size is that of the gauge's choosing.
     Font valueFont;
+    /// Without it the face is flat.
+    bool drawsRim = true;
 };
 
 /// Places on a dial's scale are fractions: 0 at its beginning, 1 at its end.

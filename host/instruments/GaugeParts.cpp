@@ -47,6 +47,10 @@ Font GaugeParts::valueFont(double size) const {
 }
 
 void GaugeParts::drawFace() const {
+    if (!style_.drawsRim) {
+        context_.fillPath(Path::circle(center_, radius_), style_.faceColor);
+        return;
+    }
     const bool dark = isDark(style_.faceColor);
     const Rect rim = squareAround(center_, radius_);
     context_.fillPathWithGradient(Path::oval(rim), dark ? downwards(rim, Color::rgb(0x6e6e73), Color::rgb(0x1c1c1e))
@@ -70,8 +74,9 @@ void GaugeParts::drawDisc(double radius) const {
     const Rect disc = squareAround(center_, points(radius));
     context_.fillPath(Path::circle({center_.x, center_.y + points(0.018)}, points(radius + 0.006)),
                       Color::black().withAlpha(0.12));
+    const double shine = isDark(style_.faceColor) ? 0.14 : 0.6;
     context_.fillPathWithGradient(Path::oval(disc),
-                                  downwards(disc, style_.faceColor.mixedWith(Color::white(), 0.6),
+                                  downwards(disc, style_.faceColor.mixedWith(Color::white(), shine),
                                             style_.faceColor.mixedWith(Color::black(), 0.04)));
     context_.strokePath(Path::oval(disc), {.color = inks_.hairline, .width = std::min(1.0, points(0.012))});
 }

@@ -6,8 +6,9 @@ namespace zor {
 
 namespace {
 
-constexpr Inks darkInks{palette::ink, palette::secondaryInk, palette::hairline};
-constexpr Inks lightInks{Color::rgb(0xf5f5f7), Color::rgb(0xa1a1a6), Color::rgb(0x48484a)};
+constexpr Inks darkInks{palette::ink, palette::secondaryInk, palette::hairline, Color::rgb(0xe5e5ea)};
+constexpr Inks lightInks{Color::rgb(0xf5f5f7), Color::rgb(0xa1a1a6), Color::rgb(0x48484a),
+                         Color::rgb(0x303034)};
 
 /// 0 to 1, with the weights of ITU-R BT.709, on white paper.
 double lightness(Color color) {

@@ -10,6 +10,8 @@ struct Inks {
     Color secondary;
     /// For lines that should be felt rather than seen.
     Color hairline;
+    /// The empty part of a bar.
+    Color track;
 };
 
 /// Whether light inks are read better on it; what shows through is taken for white paper.

@@ -35,14 +35,16 @@ class PlotPainter {
 public:
     PlotPainter(DrawingContext& context, const Rect& bounds, const PlotContent& content, const PlotStyle& style)
         : context_(context), bounds_(bounds), content_(content), style_(style), inks_(inksOn(style.background)) {
-        textSize_ = std::clamp(std::sqrt(bounds.width * bounds.height) / 30, 10.0, 24.0);
+        textSize_ = style.fontSize > 0 ? style.fontSize
+                                       : std::clamp(std::sqrt(bounds.width * bounds.height) / 30, 10.0, 24.0);
         padding_ = std::min({textSize_, bounds.width / 10, bounds.height / 10});
         area_ = insetRect(bounds, padding_, padding_);
     }
 
     void draw() {
-        drawCard(context_, bounds_, cardRadius, style_.background, inks_.hairline);
-        if (holds(bounds_, leastSizeWithHeader)) drawHeader();
+        drawCard(context_, bounds_, std::min(cardRadius, padding_), style_.background,
+                 style_.drawsBorder ? inks_.hairline : Color::clear());
+        if (style_.drawsHeader && holds(bounds_, leastSizeWithHeader)) drawHeader();
         layOutScale();
         if (holds(bounds_, leastSizeWithAxes)) drawAxes();
         if (content_.samples.empty()) {
@@ -75,6 +77,8 @@ private:
         const double titleWidth = widthOf(title, titleFont) + 1;
         drawFittedText(context_, title, {row.x, row.y, titleWidth, row.height}, titleFont, inks_.ink,
                        TextAlignment::left);
+        // Every label of a compass says what it is.
+        if (content_.unit.quantity == Quantity::direction) return;
         const Font unitFont = textFont(0.95);
         const double unitWidth = widthOf(content_.unit.shortName, unitFont) + 1;
         if (titleWidth + textSize_ / 2 + unitWidth > room) return;
@@ -150,10 +154,10 @@ private:
     }
 
     void drawSamples() {
-        // The line may be as thick as it is wide at the area's edges.
+        // The newest sample's dot may reach over the area's edge.
         const double margin = style_.lineWidth + 3;
         context_.save();
-        context_.clipToRect(insetRect(area_, -margin, -margin));
+        context_.clipToRect(intersectionRect(insetRect(area_, -margin, -margin), bounds_));
         if (content_.unit.quantity == Quantity::direction) {
             drawDots();
         } else {

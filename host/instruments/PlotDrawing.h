@@ -29,7 +29,11 @@ struct PlotStyle {
     double lineWidth = 1.6;
     bool drawsGrid = true;
     bool fillsArea = true;
+    bool drawsHeader = true;
+    bool drawsBorder = true;
     Color background;
+    /// Points; 0 for what suits the plot's size.
+    double fontSize = 0;
 };
 
 /// Fills `bounds` with a card that holds title, value, axes, grid and the samples: dots for directions, a line with

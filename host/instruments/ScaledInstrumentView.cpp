@@ -6,6 +6,7 @@
 #include "host/instruments/NiceStep.h"
 #include "host/instruments/QuantityRanges.h"
 #include "host/station/ValueFormats.h"
+#include "host/views/DrawingContext.h"
 
 namespace zor {
 
@@ -16,6 +17,7 @@ const ClassRecord& ScaledInstrumentView::staticClass() {
                                            .property("maximum", &Self::maximum, &Self::setMaximum)
                                            .property("automaticRange", &Self::automaticRange, &Self::setAutomaticRange)
                                            .property("barColor", &Self::barColor, &Self::setBarColor)
+                                           .property("faceColor", &Self::faceColor, &Self::setFaceColor)
                                            .property("thresholds", &Self::thresholds, &Self::setThresholds)
                                            .registered();
     return record;
@@ -28,6 +30,7 @@ const SettingList& ScaledInstrumentView::settings() const {
                                         .number("maximum", "Maximum", -largestSettingNumber, largestSettingNumber)
                                         .add("automaticRange", "Automatic Range", SettingKind::boolean)
                                         .add("barColor", "Color", SettingKind::color)
+                                        .add("faceColor", "Face Color", SettingKind::color)
                                         .add("thresholds", "Colors from Values", SettingKind::thresholds)
                                         .build();
     return list;
@@ -74,6 +77,10 @@ std::vector<ScaleMark> ScaledInstrumentView::marksInSteps(int mostSteps) const {
         marks.push_back({value, fractionOf(value), formatValue(value, unitShown(), plainValueFormat, step.decimals())});
     }
     return marks;
+}
+
+void ScaledInstrumentView::drawFace(DrawingContext& context) const {
+    if (faceColor_.alpha > 0) context.fillRect(bounds(), faceColor_);
 }
 
 const Unit& ScaledInstrumentView::unitShown() const {

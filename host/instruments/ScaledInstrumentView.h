@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "host/instruments/Inks.h"
 #include "host/instruments/InstrumentSettings.h"
 #include "host/instruments/Thresholds.h"
 #include "host/instruments/ZORInstrumentView.h"
@@ -40,6 +41,9 @@ public:
     /// With a value that has reached no threshold.
     Color barColor() const { return barColor_; }
     void setBarColor(Color color) { store(barColor_, color); }
+    /// What it stands on; its marks and texts are light on a dark one.
+    Color faceColor() const { return faceColor_; }
+    void setFaceColor(Color color) { store(faceColor_, color); }
     /// In the unit shown.
     Thresholds thresholds() const { return thresholds_; }
     void setThresholds(Thresholds thresholds) { store(thresholds_, sortedThresholds(std::move(thresholds))); }
@@ -54,6 +58,9 @@ protected:
     /// The marks on a scale `length` points long, ascending: as many as have room, where a mark takes `extent` points
     /// of it; at most eleven, none where not even two have room.
     std::vector<ScaleMark> marks(double length, const std::function<double(const ScaleMark&)>& extent) const;
+    /// Colours that can be read on the face.
+    const Inks& inks() const { return inksOn(faceColor_); }
+    void drawFace(DrawingContext& context) const;
     /// Of the property, or of a plain number.
     const Unit& unitShown() const;
 
@@ -69,6 +76,7 @@ private:
     Range range_;
     bool automaticRange_ = true;
     Color barColor_ = Color::rgb(0x0a6ed1);
+    Color faceColor_ = Color::clear();
     Thresholds thresholds_;
 };
 

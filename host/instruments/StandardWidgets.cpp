@@ -133,7 +133,7 @@ private:
     void addGauge(const Rect& rect, const std::shared_ptr<Property>& property) {
         auto& gauge = add<ZORRoundGaugeView>(ZORWidgetHostView::roundGaugeWithRect(rect));
         gauge.setProperty(property);
-        gauge.setTitle(shortName(*property));
+        gauge.setCaption(shortName(*property));
         gauge.setBarColor(colorOf(property->quantity()));
     }
 

@@ -16,6 +16,7 @@ namespace {
 
 constexpr double thinnestLine = 0.25;
 constexpr double thickestLine = 20;
+constexpr double largestFontSizeOfPlots = 100;
 
 Value codeOf(PlotPeriod period) {
     return static_cast<std::int64_t>(period);
@@ -34,6 +35,9 @@ const ClassRecord& ZORPlotView::staticClass() {
             .property("lineWidth", &Self::lineWidth, &Self::setLineWidth)
             .property("drawsGrid", &Self::drawsGrid, &Self::setDrawsGrid)
             .property("fillsArea", &Self::fillsArea, &Self::setFillsArea)
+            .property("drawsHeader", &Self::drawsHeader, &Self::setDrawsHeader)
+            .property("drawsBorder", &Self::drawsBorder, &Self::setDrawsBorder)
+            .property("fontSize", &Self::fontSize, &Self::setFontSize)
             .property("backgroundColor", &Self::backgroundColor, &Self::setBackgroundColor)
             .registered();
     return record;
@@ -52,6 +56,9 @@ const SettingList& ZORPlotView::settings() const {
                                         .number("lineWidth", "Line Width", thinnestLine, thickestLine, "pt")
                                         .add("fillsArea", "Fill Area", SettingKind::boolean)
                                         .add("drawsGrid", "Grid", SettingKind::boolean)
+                                        .add("drawsHeader", "Header", SettingKind::boolean)
+                                        .add("drawsBorder", "Border", SettingKind::boolean)
+                                        .number("fontSize", "Font Size", 0, largestFontSizeOfPlots, "pt")
                                         .add("backgroundColor", "Background Color", SettingKind::color)
                                         .build();
     return list;
@@ -70,6 +77,10 @@ void ZORPlotView::setLineWidth(double width) {
     store(lineWidth_, bounded(width, thinnestLine, thickestLine));
 }
 
+void ZORPlotView::setFontSize(double size) {
+    store(fontSize_, bounded(size, 0, largestFontSizeOfPlots));
+}
+
 void ZORPlotView::drawRect(DrawingContext& context, const Rect&) {
     if (!isVisibleArea(bounds())) return;
     const TimeSpan span = spanOfPeriod(period_, now());
@@ -85,7 +96,10 @@ void ZORPlotView::drawRect(DrawingContext& context, const Rect&) {
               .lineWidth = lineWidth_,
               .drawsGrid = drawsGrid_,
               .fillsArea = fillsArea_,
-              .background = backgroundColor_});
+              .drawsHeader = drawsHeader_,
+              .drawsBorder = drawsBorder_,
+              .background = backgroundColor_,
+              .fontSize = fontSize_});
 }
 
 std::shared_ptr<History> ZORPlotView::history() const {

@@ -37,6 +37,14 @@ public:
     /// Whether the area below the line is tinted.
     bool fillsArea() const { return fillsArea_; }
     void setFillsArea(bool fills) { store(fillsArea_, fills); }
+    /// Title, unit and current value above the curve.
+    bool drawsHeader() const { return drawsHeader_; }
+    void setDrawsHeader(bool draws) { store(drawsHeader_, draws); }
+    bool drawsBorder() const { return drawsBorder_; }
+    void setDrawsBorder(bool draws) { store(drawsBorder_, draws); }
+    /// Points, up to 100; 0 for what suits the plot's size.
+    double fontSize() const { return fontSize_; }
+    void setFontSize(double size);
     Color backgroundColor() const { return backgroundColor_; }
     void setBackgroundColor(Color color) { store(backgroundColor_, color); }
 
@@ -61,6 +69,9 @@ private:
     double lineWidth_ = 1.6;
     bool drawsGrid_ = true;
     bool fillsArea_ = true;
+    bool drawsHeader_ = true;
+    bool drawsBorder_ = true;
+    double fontSize_ = 0;
     bool observing_ = false;
 };
 

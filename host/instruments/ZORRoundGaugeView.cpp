@@ -26,9 +26,9 @@ const ClassRecord& ZORRoundGaugeView::staticClass() {
     using Self = ZORRoundGaugeView;
     static const ClassRecord& record = ClassBuilder<Self>("ZORRoundGaugeView", &ScaledInstrumentView::staticClass())
                                            .creatable()
-                                           .property("title", &Self::title, &Self::setTitle)
+                                           .property("caption", &Self::caption, &Self::setCaption)
                                            .property("valueFont", &Self::valueFont, &Self::setValueFont)
-                                           .property("faceColor", &Self::faceColor, &Self::setFaceColor)
+                                           .property("drawsRim", &Self::drawsRim, &Self::setDrawsRim)
                                            .property("needleColor", &Self::needleColor, &Self::setNeedleColor)
                                            .registered();
     return record;
@@ -36,9 +36,9 @@ const ClassRecord& ZORRoundGaugeView::staticClass() {
 
 const SettingList& ZORRoundGaugeView::settings() const {
     static const SettingList list = SettingsBuilder(staticClass(), ScaledInstrumentView::settings())
-                                        .add("title", "Title", SettingKind::text)
+                                        .add("caption", "Caption", SettingKind::text)
                                         .font("valueFont", "Value Font")
-                                        .add("faceColor", "Face Color", SettingKind::color)
+                                        .add("drawsRim", "Rim", SettingKind::boolean)
                                         .add("needleColor", "Needle Color", SettingKind::color)
                                         .build();
     return list;
@@ -57,22 +57,22 @@ std::optional<std::string> ZORRoundGaugeView::text() const {
     return formatValue(currentValue(), unitShown(), compassPointFormat);
 }
 
-std::string ZORRoundGaugeView::titleShown() const {
-    if (!title_.empty()) return title_;
+std::string ZORRoundGaugeView::captionShown() const {
+    if (!caption_.empty()) return caption_;
     return property() ? property()->displayName() : propertyName().value_or("");
 }
 
 void ZORRoundGaugeView::drawRect(DrawingContext& context, const Rect&) {
     if (!isVisibleArea(bounds())) return;
-    const GaugeStyle style{faceColor_, needleColor_, valueFont_};
+    const GaugeStyle style{faceColor(), needleColor_, valueFont_, drawsRim_};
     if (isCompass()) {
         const std::string degrees =
             currentValue() ? formatValue(currentValue(), unitShown(), valueWithShortUnitFormat) : std::string();
-        drawCompass(context, bounds(), {titleShown(), *text(), degrees, currentValue()}, style);
+        drawCompass(context, bounds(), {captionShown(), *text(), degrees, currentValue()}, style);
         return;
     }
     drawDial(context, bounds(),
-             {.title = titleShown(),
+             {.title = captionShown(),
               .value = *text(),
               .unit = std::string(unitShown().shortName),
               .marks = dialMarks(),
