@@ -10,8 +10,9 @@ namespace zor {
 
 namespace {
 
-constexpr std::array<std::string_view, 12> months{"January", "February", "March",     "April",   "May",      "June",
-                                                  "July",    "August",   "September", "October", "November", "December"};
+constexpr std::array<std::string_view, 12> months{"January",   "February", "March",    "April",
+                                                  "May",       "June",     "July",     "August",
+                                                  "September", "October",  "November", "December"};
 constexpr std::array<std::string_view, 7> weekdays{"Sunday",   "Monday", "Tuesday", "Wednesday",
                                                    "Thursday", "Friday", "Saturday"};
 
@@ -24,10 +25,14 @@ std::string padded(int number, std::size_t width) {
 /// Three letters for a short name, one for the narrow one, two for the shortest weekday.
 std::string named(std::string_view name, std::size_t count) {
     switch (count) {
-        case 4: return std::string(name);
-        case 5: return std::string(name.substr(0, 1));
-        case 6: return std::string(name.substr(0, 2));
-        default: return std::string(name.substr(0, 3));
+        case 4:
+            return std::string(name);
+        case 5:
+            return std::string(name.substr(0, 1));
+        case 6:
+            return std::string(name.substr(0, 2));
+        default:
+            return std::string(name.substr(0, 3));
     }
 }
 
@@ -45,9 +50,12 @@ std::string quarterText(const DateParts& date, std::size_t count) {
     constexpr std::array<std::string_view, 4> ordinals{"1st", "2nd", "3rd", "4th"};
     const int quarter = (date.month + 2) / 3;
     switch (count) {
-        case 3: return "Q" + std::to_string(quarter);
-        case 4: return std::string(ordinals[static_cast<std::size_t>(quarter - 1)]) + " quarter";
-        default: return padded(quarter, count == 2 ? 2 : 1);
+        case 3:
+            return "Q" + std::to_string(quarter);
+        case 4:
+            return std::string(ordinals[static_cast<std::size_t>(quarter - 1)]) + " quarter";
+        default:
+            return padded(quarter, count == 2 ? 2 : 1);
     }
 }
 
@@ -88,42 +96,62 @@ std::string isoOffsetText(int seconds, std::size_t count, bool zulu) {
 std::string zoneText(const DateParts& date, char letter, std::size_t count) {
     const int offset = date.utcOffsetSeconds;
     switch (letter) {
-        case 'z': return count < 4 && !date.zoneName.empty() ? date.zoneName : greenwichText(offset, count >= 4);
+        case 'z':
+            return count < 4 && !date.zoneName.empty() ? date.zoneName : greenwichText(offset, count >= 4);
         case 'Z':
             if (count == 4) return greenwichText(offset, true);
             return count == 5 ? isoOffsetText(offset, count, true) : offsetText(offset, true, false);
-        default: return isoOffsetText(offset, count, letter == 'X');
+        default:
+            return isoOffsetText(offset, count, letter == 'X');
     }
 }
 
 /// The text of one field; nothing for a letter that is none.
 std::optional<std::string> fieldText(const DateParts& date, char letter, std::size_t count) {
     switch (letter) {
-        case 'G': return eraText(date.year, count);
-        case 'y': return yearText(date.year > 0 ? date.year : 1 - date.year, count);
-        case 'u': return yearText(date.year, count);
+        case 'G':
+            return eraText(date.year, count);
+        case 'y':
+            return yearText(date.year > 0 ? date.year : 1 - date.year, count);
+        case 'u':
+            return yearText(date.year, count);
         case 'Q':
-        case 'q': return quarterText(date, count);
+        case 'q':
+            return quarterText(date, count);
         case 'M':
-        case 'L': return monthText(date, count);
-        case 'D': return padded(date.dayOfYear, count);
-        case 'd': return padded(date.day, count);
+        case 'L':
+            return monthText(date, count);
+        case 'D':
+            return padded(date.dayOfYear, count);
+        case 'd':
+            return padded(date.day, count);
         case 'E':
         case 'e':
-        case 'c': return weekdayText(date, letter, count);
-        case 'a': return date.hour < 12 ? "AM" : "PM";
-        case 'H': return padded(date.hour, count);
-        case 'k': return padded(date.hour == 0 ? 24 : date.hour, count);
-        case 'K': return padded(date.hour % 12, count);
-        case 'h': return padded(date.hour % 12 == 0 ? 12 : date.hour % 12, count);
-        case 'm': return padded(date.minute, count);
-        case 's': return padded(date.second, count);
-        case 'S': return fractionText(date.millisecond, count);
+        case 'c':
+            return weekdayText(date, letter, count);
+        case 'a':
+            return date.hour < 12 ? "AM" : "PM";
+        case 'H':
+            return padded(date.hour, count);
+        case 'k':
+            return padded(date.hour == 0 ? 24 : date.hour, count);
+        case 'K':
+            return padded(date.hour % 12, count);
+        case 'h':
+            return padded(date.hour % 12 == 0 ? 12 : date.hour % 12, count);
+        case 'm':
+            return padded(date.minute, count);
+        case 's':
+            return padded(date.second, count);
+        case 'S':
+            return fractionText(date.millisecond, count);
         case 'z':
         case 'Z':
         case 'X':
-        case 'x': return zoneText(date, letter, count);
-        default: return {};
+        case 'x':
+            return zoneText(date, letter, count);
+        default:
+            return {};
     }
 }
 

@@ -32,8 +32,8 @@ struct DateParts {
 /// In the local time zone; nothing for a moment that no calendar names.
 std::optional<DateParts> localDateParts(Seconds time);
 
-/// "EEEE, d MMMM yyyy HH:mm" gives "Monday, 6 July 2026 09:05". Letters: G y u Q q M L D d E e c a H h K k m s S z Z X x
-/// with their usual repetitions, in English; text between quotes and every other character stand for themselves, two
+/// "EEEE, d MMMM yyyy HH:mm" gives "Monday, 6 July 2026 09:05". Letters: G y u Q q M L D d E e c a H h K k m s S z Z X
+/// x with their usual repetitions, in English; text between quotes and every other character stand for themselves, two
 /// quotes for one.
 std::string formatDate(std::string_view pattern, const DateParts& date);
 

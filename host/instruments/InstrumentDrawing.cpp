@@ -27,7 +27,8 @@ bool isVisibleArea(const Rect& bounds) {
 
 std::string singleLine(std::string_view text) {
     std::string line(text);
-    std::ranges::replace_if(line, [](char character) { return character == '\n' || character == '\r'; }, ' ');
+    std::ranges::replace_if(
+        line, [](char character) { return character == '\n' || character == '\r'; }, ' ');
     return line;
 }
 
@@ -52,8 +53,7 @@ void drawFittedText(DrawingContext& context, std::string_view text, const Rect& 
     if (fitting.size > 0) context.drawText(line, rect, fitting, color, alignment, VerticalAlignment::center);
 }
 
-void drawCard(DrawingContext& context, const Rect& rect, double radius, Color fill, Color border,
-              double borderWidth) {
+void drawCard(DrawingContext& context, const Rect& rect, double radius, Color fill, Color border, double borderWidth) {
     const double half = std::min(rect.width, rect.height) / 2;
     const double corner = std::min(radius, half);
     if (fill.alpha > 0) context.fillPath(Path::roundedRect(rect, corner), fill);

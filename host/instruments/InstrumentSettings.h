@@ -38,8 +38,7 @@ public:
     SettingsBuilder(const ClassRecord& record, const SettingList& base) : record_(record), list_(base) {}
 
     SettingsBuilder& add(std::string name, std::string label, SettingKind kind);
-    SettingsBuilder& number(std::string name, std::string label, double minimum, double maximum,
-                            std::string unit = {});
+    SettingsBuilder& number(std::string name, std::string label, double minimum, double maximum, std::string unit = {});
     SettingsBuilder& choice(std::string name, std::string label, SettingKind kind,
                             std::vector<std::pair<Value, std::string>> choices);
     /// Takes usable fonts only.

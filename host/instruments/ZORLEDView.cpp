@@ -58,13 +58,13 @@ void ZORLEDView::drawRect(DrawingContext& context, const Rect&) {
     const Rect groove = squareAround(center, radius * 0.86);
     context.fillPath(Path::oval(groove), color.mixedWith(Color::black(), 0.45));
     const double lens = radius * 0.81;
-    const Gradient glow{.kind = Gradient::Kind::radial,
-                        .start = {center.x, center.y + lens * 0.45},
-                        .end = {},
-                        .radius = lens * 1.6,
-                        .stops = {{0, color.mixedWith(Color::white(), 0.45)},
-                                  {0.45, color},
-                                  {1, color.mixedWith(Color::black(), 0.35)}}};
+    const Gradient glow{
+        .kind = Gradient::Kind::radial,
+        .start = {center.x, center.y + lens * 0.45},
+        .end = {},
+        .radius = lens * 1.6,
+        .stops = {
+            {0, color.mixedWith(Color::white(), 0.45)}, {0.45, color}, {1, color.mixedWith(Color::black(), 0.35)}}};
     context.fillPathWithGradient(Path::circle(center, lens), glow);
     const Rect shine{center.x - lens * 0.62, center.y - lens * 0.9, lens * 1.24, lens * 0.85};
     context.fillPathWithGradient(Path::oval(shine),

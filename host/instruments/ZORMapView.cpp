@@ -18,7 +18,8 @@ constexpr Color graticule = Color::rgb(0xcbd8d0);
 
 /// The smallest of the usual steps of a map's grid that lies at least `points` apart.
 double gridStep(double pointsPerDegree, double points) {
-    constexpr std::array<double, 16> steps{0.001, 0.002, 0.005, 0.01, 0.02, 0.05, 0.1, 0.25, 0.5, 1, 2, 5, 10, 15, 30, 45};
+    constexpr std::array<double, 16> steps{0.001, 0.002, 0.005, 0.01, 0.02, 0.05, 0.1, 0.25,
+                                           0.5,   1,     2,     5,    10,   15,   30,  45};
     const auto fitting = std::ranges::find_if(steps, [&](double step) { return step * pointsPerDegree >= points; });
     return fitting == steps.end() ? 90 : *fitting;
 }
@@ -74,7 +75,8 @@ const SettingList& ZORMapView::settings() const {
 
 void ZORMapView::drawGraticule(DrawingContext& context) const {
     const double pointsPerDegree = 256 * std::exp2(zoom_) / 360;
-    // A degree of latitude grows towards the poles as Mercator's map draws it; the poles themselves have no place there.
+    // A degree of latitude grows towards the poles as Mercator's map draws it; the poles themselves have no place
+    // there.
     const double stretch = 1 / std::max(0.05, std::cos(latitude_ * std::numbers::pi / 180));
     Path lines;
     addGridLines(lines, bounds(), longitude_, pointsPerDegree, true);

@@ -18,9 +18,8 @@ const ClassRecord& ZORWebView::staticClass() {
 }
 
 const SettingList& ZORWebView::settings() const {
-    static const SettingList list = SettingsBuilder(staticClass(), ZORInstrumentView::settings())
-                                        .add("url", "Address", SettingKind::url)
-                                        .build();
+    static const SettingList list =
+        SettingsBuilder(staticClass(), ZORInstrumentView::settings()).add("url", "Address", SettingKind::url).build();
     return list;
 }
 

@@ -60,8 +60,8 @@ TEST_F(ImageView, TheBackgroundLiesBelowTheImage) {
 
 TEST_F(ImageView, AnImageOfAnAbsurdSizeIsNotDrawn) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
-    for (const Size size : {Size{0, 40}, Size{infinity, 40}, Size{40, std::numeric_limits<double>::quiet_NaN()},
-                            Size{40, 100'001}}) {
+    for (const Size size :
+         {Size{0, 40}, Size{infinity, 40}, Size{40, std::numeric_limits<double>::quiet_NaN()}, Size{40, 100'001}}) {
         view.setImage(Image::plain(size));
         EXPECT_TRUE(drawn(view).operations().empty()) << stringFromSize(size);
     }

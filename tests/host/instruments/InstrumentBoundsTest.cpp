@@ -1,4 +1,5 @@
-// What every instrument must keep: it draws nothing outside its bounds, at any size, and nothing where there is no area.
+// What every instrument must keep: it draws nothing outside its bounds, at any size, and nothing where there is no
+// area.
 #include <limits>
 
 #include "host/instruments/ZORMapView.h"
@@ -86,8 +87,8 @@ TEST(InstrumentBoundsWithoutArea, NothingIsDrawn) {
     FakeToolkit::install();
     constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    for (const Size size : {Size{0, 0}, Size{0, 50}, Size{50, -1}, Size{nan, 50}, Size{50, infinity},
-                            Size{100'001, 50}, Size{50, 1e300}}) {
+    for (const Size size : {Size{0, 0}, Size{0, 50}, Size{50, -1}, Size{nan, 50}, Size{50, infinity}, Size{100'001, 50},
+                            Size{50, 1e300}}) {
         for (const auto& instrument : instruments(true)) {
             instrument->setFrame({0, 0, size.width, size.height});
             EXPECT_TRUE(test::drawn(*instrument).operations().empty())
@@ -106,8 +107,8 @@ TEST(InstrumentBoundsOfTexts, LongTextsStayInside) {
     for (const std::shared_ptr<View>& view : std::vector<std::shared_ptr<View>>{web, field}) {
         view->setFrame({0, 0, 240, 60});
         for (const auto& operation : test::drawn(*view).operationsNamed("drawText")) {
-            EXPECT_TRUE(containsRect({-tolerance, -tolerance, 240 + 2 * tolerance, 60 + 2 * tolerance},
-                                     inkOf(operation)));
+            EXPECT_TRUE(
+                containsRect({-tolerance, -tolerance, 240 + 2 * tolerance, 60 + 2 * tolerance}, inkOf(operation)));
         }
     }
 }

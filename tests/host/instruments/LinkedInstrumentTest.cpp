@@ -34,7 +34,7 @@ TEST_F(LinkedInstrument, AnswersSetProperty) {
 
 TEST_F(LinkedInstrument, OnlyInstrumentsOfAPropertyAnswerSetProperty) {
     const std::vector<std::pair<const char*, bool>> expected{
-        {"textField", true}, {"dateTimeField", true},  {"led", true},        {"plotView", true},
+        {"textField", true},  {"dateTimeField", true},  {"led", true},         {"plotView", true},
         {"roundGauge", true}, {"levelIndicator", true}, {"linearGauge", true}, {"box", false},
         {"imageView", false}, {"mapView", false},       {"webView", false},
     };

@@ -99,7 +99,8 @@ TEST_F(TextField, KeepsItsSettingsInArchiveAndCopy) {
     original->setStringToDraw("Grüße");
     original->setUseProperty(false);
     original->setPropertyFormat("unitStringValue");
-    for (const auto& other : {test::roundTrip(original), std::dynamic_pointer_cast<ZORTextFieldView>(original->copy())}) {
+    for (const auto& other :
+         {test::roundTrip(original), std::dynamic_pointer_cast<ZORTextFieldView>(original->copy())}) {
         ASSERT_TRUE(other);
         EXPECT_EQ(other->font(), (Font{"LCDPHONE", 30.5, true, true}));
         EXPECT_EQ(other->alignment(), TextAlignment::right);

@@ -76,8 +76,8 @@ TEST_F(WidgetArchive, EveryKindIsReadBack) {
 TEST_F(WidgetArchive, EveryClassIsRegistered) {
     for (const char* name :
          {"ZORWidgetHostView", "ZORTextFieldView", "ZORDateTimeFieldView", "ZORBoxView", "ZORImageView", "ZORLEDView",
-          "ZORMapView", "ZORWebView", "ZORPlotView", "ZORLevelIndicatorView", "ZORRoundGaugeView",
-          "ZORLinearGaugeView", "ZORProperty", "View", "Image"}) {
+          "ZORMapView", "ZORWebView", "ZORPlotView", "ZORLevelIndicatorView", "ZORRoundGaugeView", "ZORLinearGaugeView",
+          "ZORProperty", "View", "Image"}) {
         const auto* record = ClassRegistry::shared().find(name);
         ASSERT_TRUE(record) << name;
         EXPECT_TRUE(record->isCreatable()) << name;

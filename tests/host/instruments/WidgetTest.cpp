@@ -37,11 +37,16 @@ TEST_F(Widget, ComesFromAFactoryWithItsFrameAndNothingElse) {
 
 TEST_F(Widget, EveryKindHasItsFactoryAndClass) {
     const std::vector<std::pair<const char*, const char*>> expected{
-        {"textField", "ZORTextFieldView"},   {"dateTimeField", "ZORDateTimeFieldView"},
-        {"box", "ZORBoxView"},               {"imageView", "ZORImageView"},
-        {"led", "ZORLEDView"},               {"mapView", "ZORMapView"},
-        {"webView", "ZORWebView"},           {"plotView", "ZORPlotView"},
-        {"roundGauge", "ZORRoundGaugeView"}, {"levelIndicator", "ZORLevelIndicatorView"},
+        {"textField", "ZORTextFieldView"},
+        {"dateTimeField", "ZORDateTimeFieldView"},
+        {"box", "ZORBoxView"},
+        {"imageView", "ZORImageView"},
+        {"led", "ZORLEDView"},
+        {"mapView", "ZORMapView"},
+        {"webView", "ZORWebView"},
+        {"plotView", "ZORPlotView"},
+        {"roundGauge", "ZORRoundGaugeView"},
+        {"levelIndicator", "ZORLevelIndicatorView"},
         {"linearGauge", "ZORLinearGaugeView"},
     };
     for (const auto& [kind, name] : expected) {
