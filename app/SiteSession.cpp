@@ -76,6 +76,8 @@ void SiteSession::addCatalogue() {
 
 void SiteSession::readOnce() {
     agent()->history()->setSynchronous(true);
+    // Once more: what is derived from the past was not there yet.
+    if (driver_) agent()->takeReading(driver_->currentReading());
 }
 
 void SiteSession::start(const std::shared_ptr<HistoryStore>& store) {

@@ -47,7 +47,7 @@ public:
 private:
     DrawingContext& context_;
     const GaugeStyle& style_;
-    const Inks& inks_;
+    Inks inks_;
     Point center_;
     double radius_;
 };

@@ -7,8 +7,12 @@ namespace zor {
 namespace {
 
 constexpr Inks darkInks{palette::ink, palette::secondaryInk, palette::hairline, Color::rgb(0xe5e5ea)};
-constexpr Inks lightInks{Color::rgb(0xf5f5f7), Color::rgb(0xa1a1a6), Color::rgb(0x48484a),
-                         Color::rgb(0x303034)};
+
+Inks lightInksOn(Color ground) {
+    const Color opaque{ground.red, ground.green, ground.blue, 255};
+    const auto lighter = [&](double part) { return opaque.mixedWith(Color::white(), part); };
+    return {lighter(0.95), lighter(0.6), lighter(0.22), lighter(0.12)};
+}
 
 /// 0 to 1, with the weights of ITU-R BT.709, on white paper.
 double lightness(Color color) {
@@ -23,8 +27,8 @@ bool isDark(Color ground) {
     return lightness(ground) <= 0.5;
 }
 
-const Inks& inksOn(Color ground) {
-    return isDark(ground) ? lightInks : darkInks;
+Inks inksOn(Color ground) {
+    return isDark(ground) ? lightInksOn(ground) : darkInks;
 }
 
 }  // namespace zor

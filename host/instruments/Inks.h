@@ -16,7 +16,7 @@ struct Inks {
 
 /// Whether light inks are read better on it; what shows through is taken for white paper.
 bool isDark(Color ground);
-/// Dark inks on a light or see-through ground, light ones on a dark ground.
-const Inks& inksOn(Color ground);
+/// Dark inks on a light or see-through ground, light ones with a tint of it on a dark ground.
+Inks inksOn(Color ground);
 
 }  // namespace zor

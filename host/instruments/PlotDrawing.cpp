@@ -227,7 +227,7 @@ private:
     const Rect& bounds_;
     const PlotContent& content_;
     const PlotStyle& style_;
-    const Inks& inks_;
+    Inks inks_;
     double textSize_;
     double padding_;
     /// What is left for the curve.

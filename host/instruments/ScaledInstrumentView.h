@@ -59,7 +59,7 @@ protected:
     /// of it; at most eleven, none where not even two have room.
     std::vector<ScaleMark> marks(double length, const std::function<double(const ScaleMark&)>& extent) const;
     /// Colours that can be read on the face.
-    const Inks& inks() const { return inksOn(faceColor_); }
+    Inks inks() const { return inksOn(faceColor_); }
     void drawFace(DrawingContext& context) const;
     /// Of the property, or of a plain number.
     const Unit& unitShown() const;

@@ -30,6 +30,7 @@ const ClassRecord& ZORLevelIndicatorView::staticClass() {
 
 void ZORLevelIndicatorView::drawRect(DrawingContext& context, const Rect&) {
     if (!isVisibleArea(bounds())) return;
+    drawFace(context);
     const double barHeight = std::min({bounds().height * 0.42, bounds().width * 0.12, 120.0});
     const double fontSize = std::min(barHeight * 0.75, largestLabelSize);
     const bool hasScale = fontSize >= smallestLabelSize;
@@ -43,11 +44,11 @@ void ZORLevelIndicatorView::drawRect(DrawingContext& context, const Rect&) {
 void ZORLevelIndicatorView::drawBar(DrawingContext& context, const Rect& bar) const {
     const double radius = std::min(bar.height / 2, 6.0);
     const Path track = Path::roundedRect(bar, radius);
-    context.fillPath(track, Color::rgb(0xe5e5ea));
+    context.fillPath(track, inks().track);
     const auto fraction = currentFraction();
     if (!fraction) {
         drawFittedText(context, missingValueText, insetRect(bar, radius, 0), {.size = bar.height * 0.8},
-                       palette::secondaryInk);
+                       inks().secondary);
         return;
     }
     context.save();
@@ -70,9 +71,9 @@ void ZORLevelIndicatorView::drawScale(DrawingContext& context, const Rect& bar, 
         const double labelWidth = width(mark);
         const double left = std::clamp(x - labelWidth / 2, bar.x, bar.maxX() - labelWidth);
         drawFittedText(context, mark.label, {left, labelTop, labelWidth, fontSize * lineHeight}, font,
-                       palette::secondaryInk);
+                       inks().secondary);
     }
-    context.strokePath(lines, {.color = palette::secondaryInk.withAlpha(0.6), .width = 1});
+    context.strokePath(lines, {.color = inks().secondary.withAlpha(0.6), .width = 1});
 }
 
 }  // namespace zor

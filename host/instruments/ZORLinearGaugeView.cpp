@@ -45,6 +45,7 @@ std::optional<std::string> ZORLinearGaugeView::text() const {
 
 void ZORLinearGaugeView::drawRect(DrawingContext& context, const Rect&) {
     if (!isVisibleArea(bounds())) return;
+    drawFace(context);
     const double fontSize = std::min({bounds().width * 0.13, bounds().height * 0.07, largestLabelSize});
     const bool hasLabels = fontSize >= smallestLabelSize;
     // Without labels the column alone fills the middle of the view.
@@ -68,10 +69,10 @@ void ZORLinearGaugeView::drawRect(DrawingContext& context, const Rect&) {
     drawScale(context, scale, area, left + column + fontSize * gap, fontSize);
 
     const double lineOfUnit = fontSize * lineHeight;
-    drawFittedText(context, unitShown().shortName, {0, 0, bounds().width, lineOfUnit}, font, palette::secondaryInk);
+    drawFittedText(context, unitShown().shortName, {0, 0, bounds().width, lineOfUnit}, font, inks().secondary);
     const double lineOfValue = fontSize * valueSize * lineHeight;
     drawFittedText(context, *text(), {0, bounds().height - lineOfValue, bounds().width, lineOfValue},
-                   {.size = fontSize * valueSize, .bold = true}, palette::ink);
+                   {.size = fontSize * valueSize, .bold = true}, inks().ink);
 }
 
 /// A glass tube with a bulb, both filled up to the value.
@@ -80,7 +81,7 @@ void ZORLinearGaugeView::drawColumn(DrawingContext& context, const Rect& column)
     const double bulb = column.width / 2;
     const Rect tube{column.center().x - width / 2, column.y - width / 2, width, column.height + width / 2 + bulb};
     const Point bulbCenter{column.center().x, column.maxY() + bulb};
-    const Color glass = Color::rgb(0xe5e5ea);
+    const Color glass = inks().track;
     context.fillPath(Path::roundedRect(tube, width / 2), glass);
     context.fillPath(Path::circle(bulbCenter, bulb), glass);
 
@@ -107,9 +108,9 @@ void ZORLinearGaugeView::drawScale(DrawingContext& context, const std::vector<Sc
         const double y = heightOf(mark.fraction);
         marks.addSegment({left, y}, {left + length, y});
         drawFittedText(context, mark.label, {labelLeft, y - line / 2, bounds().width - labelLeft, line}, font,
-                       palette::ink, TextAlignment::left);
+                       inks().ink, TextAlignment::left);
     }
-    context.strokePath(marks, {.color = palette::secondaryInk, .width = 1.2});
+    context.strokePath(marks, {.color = inks().secondary, .width = 1.2});
 
     // Half steps between the marks, as far as the scale reaches.
     const double half = (scale[1].fraction - scale[0].fraction) / 2;
@@ -117,7 +118,7 @@ void ZORLinearGaugeView::drawScale(DrawingContext& context, const std::vector<Sc
     for (double fraction = scale.front().fraction + half; fraction < 1; fraction += 2 * half) {
         halves.addSegment({left, heightOf(fraction)}, {left + length * 0.55, heightOf(fraction)});
     }
-    context.strokePath(halves, {.color = palette::secondaryInk.withAlpha(0.6), .width = 1});
+    context.strokePath(halves, {.color = inks().secondary.withAlpha(0.6), .width = 1});
 }
 
 }  // namespace zor

@@ -23,10 +23,22 @@ public:
     /// The name of a value format (ValueFormats.h).
     std::string propertyFormat() const { return propertyFormat_; }
     void setPropertyFormat(std::string format) { store(propertyFormat_, std::move(format)); }
+    /// Whether a value's short unit has a font of its own, on the number's line.
+    bool separateUnit() const { return separateUnit_; }
+    void setSeparateUnit(bool separate) { store(separateUnit_, separate); }
+    /// Made smaller together with the text's.
+    Font unitFont() const { return unitFont_; }
+    void setUnitFont(Font font);
+
+    void drawRect(DrawingContext& context, const Rect& dirty) override;
 
 private:
+    bool showsSeparateUnit() const;
+
     std::string stringToDraw_ = "Label";
     std::string propertyFormat_{valueWithShortUnitFormat};
+    bool separateUnit_ = false;
+    Font unitFont_{.family = "Helvetica Neue", .size = 14};
 };
 
 }  // namespace zor
