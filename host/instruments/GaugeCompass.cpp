@@ -19,7 +19,7 @@ constexpr double tickOuter = 0.925;
 // In points: what is smaller is left out.
 constexpr double leastRadiusWithLetters = 36;
 constexpr double leastRadiusWithMinorLetters = 80;
-constexpr double leastRadiusWithTitle = 70;
+constexpr double leastRadiusWithTitle = 84;
 constexpr double leastRadiusWithFineTicks = 60;
 constexpr double leastRadiusWithDegrees = 44;
 
@@ -71,7 +71,8 @@ void drawCompass(DrawingContext& context, const Rect& bounds, const CompassConte
     drawTicks(parts);
     drawLetters(parts);
     if (content.needle) {
-        parts.drawNeedle(*content.needle, {.tail = 0.3, .shoulder = discRadius - 0.03, .tip = needleTip, .width = 0.27});
+        parts.drawNeedle(*content.needle,
+                         {.tail = 0.3, .shoulder = discRadius - 0.03, .tip = needleTip, .width = 0.27});
     }
     parts.drawDisc(discRadius);
     drawTexts(parts, content);

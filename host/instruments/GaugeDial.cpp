@@ -24,7 +24,7 @@ constexpr double digitHeight = 0.72;
 // In points: what is smaller is left out.
 constexpr double leastNumberSize = 7.5;
 constexpr double leastRadiusWithUnit = 40;
-constexpr double leastRadiusWithTitle = 55;
+constexpr double leastRadiusWithTitle = 72;
 
 double arcLength(double radius) {
     return radius * dialSweep * std::numbers::pi / 180;
@@ -32,9 +32,9 @@ double arcLength(double radius) {
 
 void drawTrack(const GaugeParts& parts, const DialContent& content) {
     const auto stroke = [&](double from, double to, Color color, LineCap cap) {
-        parts.context().strokePath(arcBetweenBearings(parts.center(), parts.points(trackRadius), dialBearing(from),
-                                                      dialBearing(to)),
-                                   {.color = color, .width = parts.points(trackWidth), .cap = cap});
+        parts.context().strokePath(
+            arcBetweenBearings(parts.center(), parts.points(trackRadius), dialBearing(from), dialBearing(to)),
+            {.color = color, .width = parts.points(trackWidth), .cap = cap});
     };
     stroke(0, 1, parts.inks().hairline.withAlpha(0.65), LineCap::butt);
     for (const auto& band : content.bands) {

@@ -54,7 +54,7 @@ void GaugeParts::drawFace() const {
     const bool dark = isDark(style_.faceColor);
     const Rect rim = squareAround(center_, radius_);
     context_.fillPathWithGradient(Path::oval(rim), dark ? downwards(rim, Color::rgb(0x6e6e73), Color::rgb(0x1c1c1e))
-                                                          : downwards(rim, Color::rgb(0xfdfdfe), Color::rgb(0xb4b4bb)));
+                                                        : downwards(rim, Color::rgb(0xfdfdfe), Color::rgb(0xb4b4bb)));
     const double edge = std::min(1.0, points(0.02));
     context_.strokePath(Path::circle(center_, radius_ - edge / 2),
                         {.color = Color::black().withAlpha(dark ? 0.6 : 0.16), .width = edge});
@@ -75,9 +75,8 @@ void GaugeParts::drawDisc(double radius) const {
     context_.fillPath(Path::circle({center_.x, center_.y + points(0.018)}, points(radius + 0.006)),
                       Color::black().withAlpha(0.12));
     const double shine = isDark(style_.faceColor) ? 0.14 : 0.6;
-    context_.fillPathWithGradient(Path::oval(disc),
-                                  downwards(disc, style_.faceColor.mixedWith(Color::white(), shine),
-                                            style_.faceColor.mixedWith(Color::black(), 0.04)));
+    context_.fillPathWithGradient(Path::oval(disc), downwards(disc, style_.faceColor.mixedWith(Color::white(), shine),
+                                                              style_.faceColor.mixedWith(Color::black(), 0.04)));
     context_.strokePath(Path::oval(disc), {.color = inks_.hairline, .width = std::min(1.0, points(0.012))});
 }
 

@@ -12,7 +12,10 @@ namespace zor {
 class GaugeParts {
 public:
     GaugeParts(DrawingContext& context, const Rect& bounds, const GaugeStyle& style)
-        : context_(context), style_(style), inks_(inksOn(style.faceColor)), center_(bounds.center()),
+        : context_(context),
+          style_(style),
+          inks_(inksOn(style.faceColor)),
+          center_(bounds.center()),
           radius_(gaugeRadius(bounds)) {}
 
     DrawingContext& context() const { return context_; }

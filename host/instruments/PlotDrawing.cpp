@@ -35,8 +35,8 @@ class PlotPainter {
 public:
     PlotPainter(DrawingContext& context, const Rect& bounds, const PlotContent& content, const PlotStyle& style)
         : context_(context), bounds_(bounds), content_(content), style_(style), inks_(inksOn(style.background)) {
-        textSize_ = style.fontSize > 0 ? style.fontSize
-                                       : std::clamp(std::sqrt(bounds.width * bounds.height) / 30, 10.0, 24.0);
+        textSize_ =
+            style.fontSize > 0 ? style.fontSize : std::clamp(std::sqrt(bounds.width * bounds.height) / 30, 10.0, 24.0);
         padding_ = std::min({textSize_, bounds.width / 10, bounds.height / 10});
         area_ = insetRect(bounds, padding_, padding_);
     }
@@ -147,8 +147,8 @@ private:
             const double x = std::clamp(xOf(tick.position) - width / 2, bounds_.x + padding_ / 2,
                                         std::max(farthest, bounds_.x + padding_ / 2));
             if (x < end) continue;
-            context_.drawText(tick.label, {x, area_.maxY() + textSize_ * 0.3, width, lineHeight}, font,
-                              inks_.secondary, TextAlignment::center, VerticalAlignment::center);
+            context_.drawText(tick.label, {x, area_.maxY() + textSize_ * 0.3, width, lineHeight}, font, inks_.secondary,
+                              TextAlignment::center, VerticalAlignment::center);
             end = x + width + textSize_ * 0.4;
         }
     }
@@ -176,10 +176,9 @@ private:
             return;
         }
         if (style_.fillsArea) fillBelow(points);
-        context_.strokePolyline(points, {.color = style_.lineColor,
-                                         .width = style_.lineWidth,
-                                         .cap = LineCap::round,
-                                         .join = LineJoin::round});
+        context_.strokePolyline(
+            points,
+            {.color = style_.lineColor, .width = style_.lineWidth, .cap = LineCap::round, .join = LineJoin::round});
     }
 
     void fillBelow(const std::vector<Point>& points) {

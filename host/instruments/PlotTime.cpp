@@ -83,12 +83,18 @@ std::string dayLabel(const DateParts& date, const TickStep& step, const TimeSpan
 
 TimeSpan spanOfPeriod(std::uint32_t code, Seconds now) {
     switch (static_cast<PlotPeriod>(code)) {
-        case PlotPeriod::twoDays: return {midnightLater(now, -1), midnightLater(now, 1)};
-        case PlotPeriod::last24Hours: return {now - day, now};
-        case PlotPeriod::last7Days: return {now - 7 * day, now};
-        case PlotPeriod::last30Days: return {now - 30 * day, now};
-        case PlotPeriod::lastYear: return {now - 365 * day, now};
-        case PlotPeriod::today: break;
+        case PlotPeriod::twoDays:
+            return {midnightLater(now, -1), midnightLater(now, 1)};
+        case PlotPeriod::last24Hours:
+            return {now - day, now};
+        case PlotPeriod::last7Days:
+            return {now - 7 * day, now};
+        case PlotPeriod::last30Days:
+            return {now - 30 * day, now};
+        case PlotPeriod::lastYear:
+            return {now - 365 * day, now};
+        case PlotPeriod::today:
+            break;
     }
     return {localMidnight(now), midnightLater(now, 1)};
 }

@@ -42,9 +42,9 @@ StandardSelection StandardSelection::of(const Agent& agent) {
 
     StandardSelection selection;
     append(selection.gauges, {temperature, windSpeed, first({kWindDirection}), pressure});
-    append(selection.displays, {humidity, first({kOutdoorDewPoint, kDewPoint, kIndoorDewPoint}),
-                                first({kRainToday, kRainRate}), first({kWindGust}),
-                                first({kFeelsLike, kOutdoorHeatIndex, kHeatIndex})});
+    append(selection.displays,
+           {humidity, first({kOutdoorDewPoint, kDewPoint, kIndoorDewPoint}), first({kRainToday, kRainRate}),
+            first({kWindGust}), first({kFeelsLike, kOutdoorHeatIndex, kHeatIndex})});
     for (const auto& property : agent.properties().all()) {
         if (!holds(selection.gauges, property)) append(selection.displays, {property});
     }

@@ -47,14 +47,19 @@ constexpr std::array displayLooks = {DisplayLook{"LCDPHONE", 44, Color::rgb(0x8c
 
 Color colorOf(Quantity quantity) {
     switch (quantity) {
-        case Quantity::temperature: return temperatureColor;
+        case Quantity::temperature:
+            return temperatureColor;
         case Quantity::speed:
-        case Quantity::direction: return windColor;
+        case Quantity::direction:
+            return windColor;
         case Quantity::humidity:
         case Quantity::rain:
-        case Quantity::rainRate: return waterColor;
-        case Quantity::pressure: return pressureColor;
-        default: return otherColor;
+        case Quantity::rainRate:
+            return waterColor;
+        case Quantity::pressure:
+            return pressureColor;
+        default:
+            return otherColor;
     }
 }
 
@@ -75,7 +80,8 @@ double widthOfColumns(double count) {
 class StandardDashboard {
 public:
     explicit StandardDashboard(Agent& agent)
-        : agent_(std::dynamic_pointer_cast<Agent>(agent.weak_from_this().lock())), name_(agent.name()),
+        : agent_(std::dynamic_pointer_cast<Agent>(agent.weak_from_this().lock())),
+          name_(agent.name()),
           selection_(StandardSelection::of(agent)) {}
 
     std::vector<std::shared_ptr<View>> build() {
@@ -100,13 +106,13 @@ private:
     void addHeading() {
         const double clockWidth = widthOfColumns(1.5);
         const double nameWidth = widthOfColumns(columns) - clockWidth - gap;
-        auto& name = add<ZORTextFieldView>(
-            ZORWidgetHostView::textFieldWithRect({margin, y_, nameWidth, headingHeight}));
+        auto& name =
+            add<ZORTextFieldView>(ZORWidgetHostView::textFieldWithRect({margin, y_, nameWidth, headingHeight}));
         name.setUseProperty(false);
         name.setStringToDraw(name_);
         name.setFont({.size = 28, .bold = true});
-        auto& clock = add<ZORDateTimeFieldView>(ZORWidgetHostView::dateTimeFieldWithRect(
-            {margin + nameWidth + gap, y_, clockWidth, headingHeight}));
+        auto& clock = add<ZORDateTimeFieldView>(
+            ZORWidgetHostView::dateTimeFieldWithRect({margin + nameWidth + gap, y_, clockWidth, headingHeight}));
         clock.setFont({.size = 17});
         clock.setTextColor(Color::rgb(0x6e6e73));
         clock.setAlignment(TextAlignment::right);

@@ -109,9 +109,8 @@ std::shared_ptr<History> ZORPlotView::history() const {
 
 std::vector<Sample> ZORPlotView::samplesWithin(const TimeSpan& span) const {
     if (!property()) return {};
-    auto samples = ask(history(), [&](History& past) {
-        return past.samples(property()->propertyName(), span.from, span.to);
-    });
+    auto samples =
+        ask(history(), [&](History& past) { return past.samples(property()->propertyName(), span.from, span.to); });
     for (auto& sample : samples) sample.value = fromBase(sample.value, property()->unit());
     return samples;
 }

@@ -63,8 +63,8 @@ TEST(PlotPeriods, DaysOf23And25HoursAreWhole) {
 TEST(TimeTicks, AreHoursWithinADay) {
     const LocalTime local("UTC0");
     const auto ticks = timeTicks({monday, monday + day}, 8);
-    EXPECT_THAT(labels(ticks), ElementsAre("00:00", "03:00", "06:00", "09:00", "12:00", "15:00", "18:00", "21:00",
-                                           "00:00"));
+    EXPECT_THAT(labels(ticks),
+                ElementsAre("00:00", "03:00", "06:00", "09:00", "12:00", "15:00", "18:00", "21:00", "00:00"));
     EXPECT_EQ(ticks[3].position, monday + 9 * hour);
     EXPECT_THAT(labels(timeTicks({monday, monday + day}, 6)),
                 ElementsAre("00:00", "04:00", "08:00", "12:00", "16:00", "20:00", "00:00"));
@@ -117,8 +117,7 @@ TEST(TimeTicks, AreDaysInAWeek) {
 TEST(TimeTicks, AreDatesInAMonth) {
     const LocalTime local("UTC0");
     const TimeSpan month{monday - 30 * day + 12 * hour, monday + 12 * hour};
-    EXPECT_THAT(labels(timeTicks(month, 6)),
-                ElementsAre("11 Jun", "16 Jun", "21 Jun", "26 Jun", "1 Jul", "6 Jul"));
+    EXPECT_THAT(labels(timeTicks(month, 6)), ElementsAre("11 Jun", "16 Jun", "21 Jun", "26 Jun", "1 Jul", "6 Jul"));
     EXPECT_THAT(labels(timeTicks(month, 3)), ElementsAre("11 Jun", "21 Jun", "1 Jul"));
 }
 

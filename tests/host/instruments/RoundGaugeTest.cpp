@@ -155,8 +155,7 @@ TEST_F(RoundGauge, FillsItsScaleFromZeroToTheValue) {
 TEST_F(RoundGauge, ColorsItsScaleByThresholds) {
     link(kOutdoorTemperature, 21.5);
     gauge->setThresholds({{30, Color::rgb(0xff0000)}, {-20, Color::rgb(0x0000ff)}, {0, Color::rgb(0x00ff00)}});
-    EXPECT_THAT(bandColors(),
-                testing::ElementsAre(Color::rgb(0x0000ff), Color::rgb(0x00ff00), Color::rgb(0xff0000)));
+    EXPECT_THAT(bandColors(), testing::ElementsAre(Color::rgb(0x0000ff), Color::rgb(0x00ff00), Color::rgb(0xff0000)));
     // Where nothing of the scale has the colour, nothing is drawn.
     gauge->setThresholds({{20, Color::rgb(0xff0000)}, {90, Color::rgb(0x0000ff)}});
     EXPECT_THAT(bandColors(), testing::ElementsAre(Color::rgb(0xff0000)));
@@ -188,8 +187,7 @@ TEST_F(RoundGauge, LeavesOutWhatIsTooSmallToRead) {
     EXPECT_THAT(texts(), testing::ElementsAre("21.5"));
     EXPECT_TRUE(needle());
     gauge->setFrame({0, 0, 120, 120});
-    EXPECT_THAT(texts(), IsSupersetOf({"21.5", "°C", "Outdoor"}));
-    EXPECT_THAT(texts(), Not(Contains("20")));
+    EXPECT_THAT(texts(), testing::ElementsAre("21.5", "°C"));
     link(kWindDirection, 248);
     gauge->setFrame({0, 0, 60, 60});
     EXPECT_THAT(texts(), testing::ElementsAre("WSW"));
@@ -215,8 +213,7 @@ TEST_F(RoundGauge, ArchivesAndCopiesItsLook) {
     gauge->setNeedleColor(Color::rgb(0x00ff00));
     gauge->setMinimum(-5);
     gauge->setMaximum(45);
-    for (const auto& other :
-         {test::roundTrip(gauge), std::dynamic_pointer_cast<ZORRoundGaugeView>(gauge->copy())}) {
+    for (const auto& other : {test::roundTrip(gauge), std::dynamic_pointer_cast<ZORRoundGaugeView>(gauge->copy())}) {
         ASSERT_TRUE(other);
         EXPECT_EQ(other->caption(), "Outside");
         EXPECT_EQ(other->valueFont().family, "LCDPHONE");

@@ -73,8 +73,8 @@ protected:
 
 TEST_F(StandardWidgets, GiveGaugesDisplaysAndPlots) {
     expectTidy(full);
-    EXPECT_THAT(properties(full, "roundGauge"), ElementsAre("outdoorTemperature", "windSpeed", "windDirection",
-                                                            "barometricPressureRelative"));
+    EXPECT_THAT(properties(full, "roundGauge"),
+                ElementsAre("outdoorTemperature", "windSpeed", "windDirection", "barometricPressureRelative"));
     EXPECT_THAT(frames(full, "roundGauge"), ElementsAre(Rect{20, 76, 260, 260}, Rect{300, 76, 260, 260},
                                                         Rect{580, 76, 260, 260}, Rect{860, 76, 260, 260}));
     EXPECT_THAT(frames(full, "box"), ElementsAre(Rect{20, 356, 260, 116}, Rect{300, 356, 260, 116},
@@ -149,9 +149,12 @@ TEST_F(StandardWidgets, PreferOutdoorPropertiesAndTakeWhatThereIs) {
 }
 
 TEST_F(StandardWidgets, AreTidyWhateverIsThere) {
-    for (const auto& keys : std::vector<std::vector<std::string_view>>{
-             {kWindSpeed}, {kHumidity}, {kTemperature, kWindSpeed, kWindDirection}, {"fooBar"},
-             {"a", "b", "c", "d", "e", "f"}, {kTemperature, kDewPoint, "a", "b"}}) {
+    for (const auto& keys : std::vector<std::vector<std::string_view>>{{kWindSpeed},
+                                                                       {kHumidity},
+                                                                       {kTemperature, kWindSpeed, kWindDirection},
+                                                                       {"fooBar"},
+                                                                       {"a", "b", "c", "d", "e", "f"},
+                                                                       {kTemperature, kDewPoint, "a", "b"}}) {
         expectTidy(station(keys));
     }
 }
