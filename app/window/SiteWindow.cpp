@@ -27,7 +27,8 @@ namespace {
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString stateKey = QStringLiteral("window/state");
 const QString splitterKey = QStringLiteral("window/splitter");
-constexpr QSize firstSize{1320, 900};
+/// Room for the standard dashboard beside the list.
+constexpr QSize firstSize{1400, 900};
 constexpr int listWidth = 200;
 constexpr int statusMilliseconds = 1000;
 
@@ -112,7 +113,10 @@ void SiteWindow::makeList() {
     list_->setObjectName("plugIns");
     list_->setAccessibleName(tr("Dashboards"));
     list_->setFrameShape(QFrame::NoFrame);
-    list_->setSpacing(1);
+    list_->setIconSize({20, 20});
+    list_->setStyleSheet("QListWidget { padding: 6px; } QListWidget::item { padding: 6px 8px; border-radius: 6px; }"
+                         "QListWidget::item:selected { background: palette(highlight);"
+                         " color: palette(highlighted-text); }");
     list_->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
         if (!refreshing_ && row >= 0 && row != controller().selectedIndex()) controller().selectPlugInAtIndex(row);

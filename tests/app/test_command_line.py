@@ -16,7 +16,7 @@ import unittest
 import urllib.error
 import urllib.request
 
-STATION = os.environ["STATION"]
+STATION = os.path.abspath(os.environ["STATION"])
 BUNDLE = pathlib.Path(STATION).resolve().parent.parent / "PlugIns" / "Dashboard.zorplugin"
 TITLES = ["Standard Dashboard", "Current Weather", "Hi-Def Dashboard", "Quad Plots", "Blank"]
 
