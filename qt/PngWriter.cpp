@@ -70,8 +70,8 @@ bool appendCompressed(Bytes& file, const Bytes& data) {
     if (!compressor) return false;
     const std::size_t start = file.size();
     file.resize(start + libdeflate_zlib_compress_bound(compressor.get(), data.size()));
-    const std::size_t written = libdeflate_zlib_compress(compressor.get(), data.data(), data.size(),
-                                                         file.data() + start, file.size() - start);
+    const std::size_t written =
+        libdeflate_zlib_compress(compressor.get(), data.data(), data.size(), file.data() + start, file.size() - start);
     file.resize(start + written);
     return written > 0;
 }

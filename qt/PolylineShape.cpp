@@ -169,8 +169,7 @@ std::vector<QPainterPath> polylineShapes(std::span<const Point> points, const St
         // The piece adds so many segments to what was traced before.
         const bool begins = end == 0;
         end = std::min(end + perPiece, last);
-        shapes.push_back(
-            Outline(stroke).trace(std::span(line).subspan(begin, end - begin + 1), begins, end == last));
+        shapes.push_back(Outline(stroke).trace(std::span(line).subspan(begin, end - begin + 1), begins, end == last));
     }
     return shapes;
 }

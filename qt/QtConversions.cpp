@@ -11,10 +11,18 @@ QPainterPath toQt(const Path& path) {
     for (const auto& element : path.elements()) {
         const Point* points = element.points;
         switch (element.verb) {
-            case Path::Verb::move: result.moveTo(toQt(points[0])); break;
-            case Path::Verb::line: result.lineTo(toQt(points[0])); break;
-            case Path::Verb::curve: result.cubicTo(toQt(points[0]), toQt(points[1]), toQt(points[2])); break;
-            case Path::Verb::close: result.closeSubpath(); break;
+            case Path::Verb::move:
+                result.moveTo(toQt(points[0]));
+                break;
+            case Path::Verb::line:
+                result.lineTo(toQt(points[0]));
+                break;
+            case Path::Verb::curve:
+                result.cubicTo(toQt(points[0]), toQt(points[1]), toQt(points[2]));
+                break;
+            case Path::Verb::close:
+                result.closeSubpath();
+                break;
         }
     }
     return result;

@@ -16,18 +16,24 @@ namespace {
 
 Qt::PenCapStyle toQt(LineCap cap) {
     switch (cap) {
-        case LineCap::butt: return Qt::FlatCap;
-        case LineCap::round: return Qt::RoundCap;
-        case LineCap::square: return Qt::SquareCap;
+        case LineCap::butt:
+            return Qt::FlatCap;
+        case LineCap::round:
+            return Qt::RoundCap;
+        case LineCap::square:
+            return Qt::SquareCap;
     }
     return Qt::FlatCap;
 }
 
 Qt::PenJoinStyle toQt(LineJoin join) {
     switch (join) {
-        case LineJoin::miter: return Qt::SvgMiterJoin;
-        case LineJoin::round: return Qt::RoundJoin;
-        case LineJoin::bevel: return Qt::BevelJoin;
+        case LineJoin::miter:
+            return Qt::SvgMiterJoin;
+        case LineJoin::round:
+            return Qt::RoundJoin;
+        case LineJoin::bevel:
+            return Qt::BevelJoin;
     }
     return Qt::SvgMiterJoin;
 }

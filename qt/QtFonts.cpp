@@ -33,8 +33,8 @@ QString installedFamily(const std::string& wanted) {
 
 QFont shapingFont(const Font& font) {
     QFont result(installedFamily(font.family));
-    result.setStyleHint(QFont::SansSerif, static_cast<QFont::StyleStrategy>(QFont::PreferAntialias |
-                                                                            QFont::NoSubpixelAntialias));
+    result.setStyleHint(QFont::SansSerif,
+                        static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
     result.setPixelSize(shapingSize);
     result.setBold(font.bold);
     result.setItalic(font.italic);
@@ -71,8 +71,7 @@ const QtFonts::Face& QtFonts::face(const Font& font) {
     if (!face) {
         const QFont shaping = shapingFont(font);
         const QFontMetricsF metrics(shaping);
-        face = std::make_unique<Face>(shaping,
-                                      FontMetrics{metrics.ascent(), metrics.descent(), metrics.capHeight()});
+        face = std::make_unique<Face>(shaping, FontMetrics{metrics.ascent(), metrics.descent(), metrics.capHeight()});
     }
     return *face;
 }

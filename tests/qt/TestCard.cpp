@@ -10,10 +10,15 @@ namespace {
 
 void drawShapes(DrawingContext& context) {
     context.fillRect({10, 10, 100, 60}, Color::rgb(0xE8EEF4));
-    Gradient linear{.start = {120, 10}, .end = {220, 70}};
+    Gradient linear;
+    linear.start = {120, 10};
+    linear.end = {220, 70};
     linear.stops = {{0, Color::rgb(0xFF8000)}, {0.5, Color::white()}, {1, Color::rgb(0x0060C0)}};
     context.fillPathWithGradient(Path::roundedRect({120, 10, 100, 60}, 12), linear);
-    Gradient radial{.kind = Gradient::Kind::radial, .start = {265, 35}, .radius = 34};
+    Gradient radial;
+    radial.kind = Gradient::Kind::radial;
+    radial.start = {265, 35};
+    radial.radius = 34;
     radial.stops = {{0, Color::white()}, {0.6, Color::rgb(0x30C030)}, {1, Color::rgb(0x30C030).withAlpha(0)}};
     context.fillPathWithGradient(Path::circle({270, 40}, 34), radial);
     context.strokePath(Path().arc({60, 40}, 24, 135, 405), {.color = Color::rgb(0xC02020), .width = 5});
@@ -52,8 +57,8 @@ void drawLines(DrawingContext& context) {
     }
     context.strokePolyline(dense, {.color = Color::rgb(0x0A6ED1), .width = 1.6, .join = LineJoin::round});
     for (int i = 0; i < 12; ++i) corners.push_back({250 + i * 18.0, i % 2 ? 275.0 : 335.0});
-    context.strokePolyline(corners, {.color = Color::rgb(0x208040), .width = 7, .cap = LineCap::round,
-                                     .join = LineJoin::round});
+    context.strokePolyline(corners,
+                           {.color = Color::rgb(0x208040), .width = 7, .cap = LineCap::round, .join = LineJoin::round});
     for (auto& point : corners) point.y += 15;
     context.strokePolyline(corners, {.color = Color::black().withAlpha(0.4), .width = 5});
 }

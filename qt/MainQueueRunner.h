@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QObject>
+
+namespace zor {
+
+/// Runs the main queue's work in Qt's event loop. Make it on the main thread once the application object is there.
+class MainQueueRunner : public QObject {
+public:
+    MainQueueRunner();
+    /// The queue's work waits from then on.
+    ~MainQueueRunner() override;
+
+protected:
+    bool event(QEvent* event) override;
+};
+
+}  // namespace zor

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QPointF>
+#include <QWidget>
+
+#include "host/views/Window.h"
+#include "qt/ScrollerOverlays.h"
+
+namespace zor {
+
+/// One Qt widget that shows the whole view tree of a window: it paints what is damaged, gives the window its events and
+/// its content the widget's size. Scroll views get native scroll bars; layers move while they are animated.
+class ViewTreeWidget : public QWidget {
+public:
+    explicit ViewTreeWidget(QWidget* parent = nullptr);
+
+    /// What is shown; the window's peer sets it, and takes it away before the window goes.
+    void setShownWindow(Window* window);
+    Window* shownWindow() const { return window_; }
+    /// The window has another content view.
+    void contentChanged();
+    /// Window coordinates.
+    void redisplay(const Rect& rect);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    View* content() const;
+    void send(const EventPtr& event);
+    int countClick(const QMouseEvent& press);
+    /// Looks the tree over, soon and once for many changes.
+    void scheduleSurvey();
+    void survey();
+
+    Window* window_ = nullptr;
+    ScrollerOverlays scrollers_{*this};
+    QBasicTimer animation_;
+    bool surveyScheduled_ = false;
+    quint64 lastPressTime_ = 0;
+    QPointF lastPressPoint_;
+    Qt::MouseButton lastPressButton_ = Qt::NoButton;
+    int clickCount_ = 0;
+};
+
+}  // namespace zor
