@@ -22,9 +22,12 @@ constexpr double unitGap = 0.25;
 
 double shareOfRoomBefore(TextAlignment alignment) {
     switch (alignment) {
-        case TextAlignment::left: return 0;
-        case TextAlignment::center: return 0.5;
-        case TextAlignment::right: return 1;
+        case TextAlignment::left:
+            return 0;
+        case TextAlignment::center:
+            return 0.5;
+        case TextAlignment::right:
+            return 1;
     }
     return 0;
 }
