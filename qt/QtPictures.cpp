@@ -73,7 +73,7 @@ std::shared_ptr<const Bytes> pngOfDrawing(Size size, const Toolkit::Drawing& dra
         drawing(context);
     }
     painter.end();
-    return pngOfImage(image);
+    return pngOfImage(std::move(image));
 }
 
 }  // namespace zor

@@ -125,7 +125,9 @@ void QtWindowPeer::beginSheet(Window& sheet) {
     if (!peer || !madeWidget() || !peer->madeWidget()) return;
     peer->sheetParent_ = window_.weak_from_this();
     QWidget* dialog = peer->widget_->window();
-    dialog->setParent(widget_->window(), Qt::Dialog);
+    QWidget* parent = widget_->window();
+    dialog->setParent(parent, Qt::Dialog);
+    dialog->move(parent->geometry().center() - dialog->rect().center());
     dialog->setWindowModality(Qt::WindowModal);
     dialog->setAttribute(Qt::WA_ShowWithoutActivating, false);
     dialog->show();
