@@ -65,7 +65,9 @@ ObjectPtr ZORDashboardEditView::copy() {
     auto result = std::static_pointer_cast<ZORDashboardEditView>(ZORImageView::copy());
     result->setEditMode(editMode_);
     result->setDrawGridLines(drawGridLines_);
-    for (auto& widget : widgets()) result->addSubview(std::static_pointer_cast<View>(widget.copy()));
+    std::vector<std::shared_ptr<ZORWidgetHostView>> copies;
+    for (auto& widget : widgets()) copies.push_back(std::static_pointer_cast<ZORWidgetHostView>(widget.copy()));
+    result->addSubviews(copies);
     return result;
 }
 
@@ -79,6 +81,15 @@ void ZORDashboardEditView::setEditMode(bool editMode) {
 void ZORDashboardEditView::addSubview(const std::shared_ptr<View>& widget) {
     if (!widget || !widget->isKindOf(ZORWidgetHostView::staticClass())) return;
     ZORImageView::addSubview(widget);
+    numberWidgets();
+}
+
+void ZORDashboardEditView::addSubviews(const std::vector<std::shared_ptr<ZORWidgetHostView>>& widgets) {
+    for (const auto& widget : widgets) ZORImageView::addSubview(widget);
+    numberWidgets();
+}
+
+void ZORDashboardEditView::numberWidgets() {
     std::int64_t number = 0;
     for (auto& each : widgets()) each.setZOrder(++number);
 }

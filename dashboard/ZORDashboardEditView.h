@@ -39,6 +39,8 @@ public:
     }
     /// On top, then numbers every widget with its 1-based position. A view that is no widget is not taken.
     void addSubview(const std::shared_ptr<View>& widget) override;
+    /// Adds them one after the other and numbers once, which leaves what adding each by itself would leave.
+    void addSubviews(const std::vector<std::shared_ptr<ZORWidgetHostView>>& widgets);
 
     void drawRect(DrawingContext& context, const Rect& dirty) override;
     /// Fits the image into the parent's bounds first, keeping its aspect ratio.
@@ -50,6 +52,7 @@ public:
     double minHeight() const override;
     bool isFlipped() const override { return true; }
     bool acceptsFirstResponder() const override { return true; }
+    bool dragsScroll() const override { return editMode_; }
     void keyDown(const EventPtr& event) override;
     const SettingList& widgetProperties() const override { return ZORImageView::widgetProperties(); }
     bool showPositionProperties() const override { return false; }
@@ -57,6 +60,7 @@ public:
 
 private:
     void initCommon() { step_ = 20.0; }
+    void numberWidgets();
     void drawGrid(DrawingContext& context) const;
     void forwardCopy(const ObjectPtr& sender) { forward("copy:", sender); }
     void forwardPaste(const ObjectPtr& sender) { forward("paste:", sender); }

@@ -19,10 +19,8 @@ void ZORDashboardPlugIn::duplicateObject(const ObjectPtr&) {
 }
 
 void ZORDashboardPlugIn::addAndSelect(const WidgetList& widgets) {
-    for (const auto& widget : widgets) {
-        editView_->addSubview(widget);
-        selectObject(widget);
-    }
+    editView_->addSubviews(widgets);
+    for (const auto& widget : widgets) selectObject(widget);
     undoManager_->registerUndoWithTarget(shared_from_this(), [widgets](Object&) {
         for (const auto& widget : widgets) widget->removeFromSuperview();
     });
@@ -34,7 +32,7 @@ void ZORDashboardPlugIn::deleteObject(const ObjectPtr&) {
     undoManager_->registerUndoWithTarget(shared_from_this(), [groups](Object& target) {
         const auto canvas = static_cast<ZORDashboardPlugIn&>(target).editView();
         if (groups->empty() || !canvas) return;
-        for (const auto& widget : groups->back()) canvas->addSubview(widget);
+        canvas->addSubviews(groups->back());
     });
     WidgetList group;
     for (const auto& widget : selectedObjects_) {

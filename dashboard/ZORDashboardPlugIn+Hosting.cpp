@@ -15,9 +15,7 @@ void ZORDashboardPlugIn::awakeFromNib() {
     scrollView->setDocumentView(container);
 
     // Widgets that are already there move to the top one by one, which leaves them in the order of the list.
-    if (widgets_ && editView_) {
-        for (const auto& widget : *widgets_) editView_->addSubview(widget);
-    }
+    if (widgets_ && editView_) editView_->addSubviews(*widgets_);
 }
 
 void ZORDashboardPlugIn::setupLayoutConstraints(const std::shared_ptr<View>& hostView,

@@ -48,9 +48,7 @@ bool ZORDashboardPlugIn::initDashboard(const std::shared_ptr<Agent>& agent,
     setTitle("Unnamed");
     editView_ = ZORDashboardEditView::initWithFrame({0, 0, size.width, size.height});
     widgets_ = std::move(widgets);
-    if (widgets_) {
-        for (const auto& widget : *widgets_) editView_->addSubview(widget);
-    }
+    if (widgets_) editView_->addSubviews(*widgets_);
     undoManager_ = std::make_shared<UndoManager>();
     selectedObjects_.clear();
     return true;
