@@ -52,6 +52,28 @@ TEST(CanvasAdding, AWidgetThatIsThereMovesToTheTop) {
     EXPECT_THAT(zOrdersOn(canvas), ElementsAre(1, 2, 3));
 }
 
+TEST(CanvasAdding, SeveralAtOnceAreAddedOneAfterTheOther) {
+    const auto a = box({0, 0, 10, 10}), b = box({0, 0, 10, 10}), c = box({0, 0, 10, 10});
+    const auto canvas = canvasOf({a, b});
+    canvas->addSubviews({c, a});
+    EXPECT_THAT(widgetsOn(canvas), ElementsAre(b, c, a));
+    EXPECT_THAT(zOrdersOn(canvas), ElementsAre(1, 2, 3));
+}
+
+TEST(CanvasAdding, NothingAddedNumbersNothing) {
+    const auto canvas = canvasOf({box({0, 0, 10, 10}), box({0, 0, 10, 10})});
+    widgetsOn(canvas)[0]->setZOrder(-4);
+    canvas->addSubviews({});
+    EXPECT_THAT(zOrdersOn(canvas), ElementsAre(-4, 2));
+}
+
+TEST(CanvasAdding, WhatIsNoWidgetIsNotTaken) {
+    const auto canvas = canvasOf({});
+    canvas->addSubview(std::make_shared<View>());
+    canvas->addSubview(nullptr);
+    EXPECT_TRUE(canvas->subviews().empty());
+}
+
 TEST(CanvasAdding, LeavesTheEditableStateAlone) {
     const auto canvas = canvasOf({});
     canvas->setEditMode(true);

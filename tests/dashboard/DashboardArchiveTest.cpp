@@ -157,8 +157,15 @@ TEST(DashboardReading, AbsentKeysGiveAbsentValues) {
 
 TEST(DashboardReading, ADashboardWithoutACanvasToleratesEverything) {
     FakeToolkit::install();
+    const auto source = dashboardOf({box({0, 0, 10, 10})});
+    source->selectAllObjects();
+    source->copySelection({});
     const auto read = dashboardRead({});
     read->view();
+    read->setSelectedObjects({box({0, 0, 10, 10}), box({0, 5, 10, 10})});
+    read->alignTopEdges({});
+    read->undoManager()->undo();
+    read->duplicateObject({});
     read->editDashboard({});
     read->selectAllObjects();
     read->exitEditMode({});

@@ -5,14 +5,27 @@
 
 namespace zor::test {
 
+/// What lies around a plug-in's view, with the events that the plug-in passed on.
+class Surroundings : public View {
+public:
+    using View::View;
+    void mouseDown(const EventPtr&) override { heard.emplace_back("press"); }
+    void mouseDragged(const EventPtr&) override { heard.emplace_back("drag"); }
+    void mouseUp(const EventPtr&) override { heard.emplace_back("release"); }
+    void rightMouseDown(const EventPtr&) override { heard.emplace_back("right press"); }
+    void keyDown(const EventPtr&) override { heard.emplace_back("key"); }
+
+    std::vector<std::string> heard;
+};
+
 /// A dashboard shown in a window, with a person's gestures. Points are canvas coordinates.
 class HostedDashboard : public ::testing::Test {
 protected:
-    /// In a window of 900 by 700; in edit mode where asked.
+    /// Fills a window of 900 by 700.
     void host(WidgetList widgets, Size size = {800, 600}) {
         dashboard = ZORDashboardPlugIn::initWithAgent(agent, controller, std::move(widgets), size);
-        window->setContentView(std::make_shared<View>(Rect{0, 0, 900, 700}));
-        window->contentView()->addSubview(dashboard->view());
+        window->setContentView(surroundings);
+        surroundings->addSubview(dashboard->view());
         dashboard->view()->setFrame({0, 0, 900, 700});
         canvas = dashboard->editView();
     }
@@ -53,20 +66,24 @@ protected:
     void key(std::u16string characters, int code = 0, std::uint32_t flags = 0) {
         window->sendEvent(Event::key(std::move(characters), code, flags));
     }
-    /// The titles of the context menu shown last, a dash for a separator.
+    /// The context menu shown last.
+    std::shared_ptr<Menu> menu() const { return toolkit.menus.empty() ? nullptr : toolkit.menus.back().menu; }
+    /// Its titles, a dash for a separator.
     std::vector<std::string> menuTitles() const {
         std::vector<std::string> titles;
-        if (toolkit.menus.empty()) return titles;
-        for (const auto& item : toolkit.menus.back().menu->items())
-            titles.push_back(item.isSeparator ? "-" : item.title);
+        if (!menu()) return titles;
+        for (const auto& item : menu()->items()) titles.push_back(item.isSeparator ? "-" : item.title);
         return titles;
     }
+    const WidgetList& selection() const { return dashboard->selectedObjects(); }
+    std::string coordinates() const { return dashboard->mouseCoordinateView()->stringValue(); }
     std::int64_t undoSteps() const { return dashboard->undoManager()->depth(); }
 
     FakeToolkit& toolkit = FakeToolkit::install();
     std::shared_ptr<Agent> agent = Agent::withName("A");
     std::shared_ptr<SiteWindowController> controller = std::make_shared<SiteWindowController>();
     std::shared_ptr<Window> window = std::make_shared<Window>();
+    std::shared_ptr<Surroundings> surroundings = std::make_shared<Surroundings>(Rect{0, 0, 900, 700});
     std::shared_ptr<ZORDashboardPlugIn> dashboard;
     std::shared_ptr<ZORDashboardEditView> canvas;
 };

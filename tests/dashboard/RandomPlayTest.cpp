@@ -28,8 +28,11 @@ std::ostream& operator<<(std::ostream& stream, const Move& move) {
 
 rc::Gen<Point> anyPoint() {
     // Beyond the canvas too: drags end anywhere.
-    return rc::gen::apply([](int x, int y) { return Point{x / 4.0, y / 4.0}; }, rc::gen::inRange(0, 2600),
-                          rc::gen::inRange(0, 2200));
+    return rc::gen::apply(
+        [](int x, int y) {
+            return Point{x / 4.0, y / 4.0};
+        },
+        rc::gen::inRange(0, 2600), rc::gen::inRange(0, 2200));
 }
 
 rc::Gen<Move> anyMove() {
@@ -46,10 +49,10 @@ rc::Gen<Move> anyMove() {
         rc::gen::arbitrary<bool>(), rc::gen::arbitrary<bool>(), inRange(0, 1000));
 }
 
-constexpr std::array commands{"alignTopEdges:", "alignLeftEdges:",  "alignBottomEdges:", "alignRightEdges:",
-                              "bringToFront:",  "sendToBack:",      "duplicateObject:",  "deleteObject:",
-                              "copy:",          "paste:",           "selectAll:",        "addTextLabel:",
-                              "addPlot:",       "addRoundGauge:",   "addLED:",           "redo:",
+constexpr std::array commands{"alignTopEdges:", "alignLeftEdges:", "alignBottomEdges:", "alignRightEdges:",
+                              "bringToFront:",  "sendToBack:",     "duplicateObject:",  "deleteObject:",
+                              "copy:",          "paste:",          "selectAll:",        "addTextLabel:",
+                              "addPlot:",       "addRoundGauge:",  "addLED:",           "redo:",
                               "exitEditMode:",  "editDashboard:"};
 
 struct KeyStroke {
@@ -78,12 +81,24 @@ public:
     void play(const Move& move) {
         const auto before = undoSteps();
         switch (move.kind) {
-            case Move::gesture: playGesture(move); break;
-            case Move::doubleClicked: doubleClick(move.points.front()); break;
-            case Move::rightClicked: playMenu(move); break;
-            case Move::keyed: playKey(move); break;
-            case Move::commanded: dashboard->performWithSender(commands[index(move, commands.size())], {}); break;
-            case Move::undone: playUndo(); return;
+            case Move::gesture:
+                playGesture(move);
+                break;
+            case Move::doubleClicked:
+                doubleClick(move.points.front());
+                break;
+            case Move::rightClicked:
+                playMenu(move);
+                break;
+            case Move::keyed:
+                playKey(move);
+                break;
+            case Move::commanded:
+                dashboard->performWithSender(commands[index(move, commands.size())], {});
+                break;
+            case Move::undone:
+                playUndo();
+                return;
         }
         while (static_cast<std::int64_t>(history_.size()) < undoSteps()) history_.emplace_back();
         // A drag's step carries the frames from before it.
