@@ -86,7 +86,7 @@ void ZORDashboardEditView::addSubview(const std::shared_ptr<View>& widget) {
 
 void ZORDashboardEditView::addSubviews(const std::vector<std::shared_ptr<ZORWidgetHostView>>& widgets) {
     for (const auto& widget : widgets) ZORImageView::addSubview(widget);
-    numberWidgets();
+    if (!widgets.empty()) numberWidgets();
 }
 
 void ZORDashboardEditView::numberWidgets() {

@@ -6,10 +6,8 @@ namespace zor {
 
 void ZORDashboardPlugIn::selectObject(const std::shared_ptr<ZORWidgetHostView>& widget) {
     if (!widget) return;
-    // The widget's own mark tells most often enough that it is not in the list yet.
-    const bool listed = widget->selected() && isListed(*widget);
     widget->setSelected(true);
-    if (!listed) selectedObjects_.push_back(widget);
+    if (!isListed(*widget)) selectedObjects_.push_back(widget);
 }
 
 void ZORDashboardPlugIn::unselectObject(const std::shared_ptr<ZORWidgetHostView>& widget) {
