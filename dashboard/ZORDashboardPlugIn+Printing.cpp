@@ -6,11 +6,14 @@ namespace zor {
 
 std::shared_ptr<const Bytes> ZORDashboardPlugIn::picture(std::shared_ptr<const Bytes> (View::*render)(const Rect&)) {
     auto copy = std::static_pointer_cast<ZORDashboardPlugIn>(copyWithZone());
+    // In its container's corner, so that nothing of a canvas that lies elsewhere is cut off.
+    const Rect page = editView_->bounds();
+    copy->editView()->setFrame(page);
     Window window;
     window.setContentViewController(copy, copy->view());
-    window.contentView()->setFrame(editView_->frame());
+    window.contentView()->setFrame(page);
     // The container rather than the canvas alone, for the paper behind the widgets.
-    return (copy->canvasContainer().get()->*render)(copy->editView()->frame());
+    return (copy->canvasContainer().get()->*render)(page);
 }
 
 std::shared_ptr<const Bytes> ZORDashboardPlugIn::pdfRepresentation() {

@@ -123,12 +123,14 @@ TEST_F(Snapshot, TheGridShowsOnlyInEditModeWithTheGridOn) {
     EXPECT_TRUE(grids().empty());
 }
 
-TEST_F(Snapshot, ThePageShowsTheCanvassOwnStep) {
-    host({}, {100, 45});
-    dashboard->editDashboard({});
-    pdf();
-    ASSERT_EQ(grids().size(), 1u);
-    EXPECT_EQ(grids()[0].segments().size(), 8u);
+TEST_F(Snapshot, ACanvasAwayFromTheCornerIsShownWhole) {
+    dashboard = test::dashboardOf({label({10, 10, 100, 20}, "first"), label({340, 270, 50, 20}, "last")}, {400, 300});
+    dashboard->editView()->setFrame({50, 60, 400, 300});
+    EXPECT_THAT(pdf(), StartsWith("pdf 400 300\n"));
+    ASSERT_THAT(texts(), ElementsAre("first", "last"));
+    const auto last = drawingToolkit->context.operationsNamed("drawText")[1];
+    EXPECT_EQ(last.placedRect().x, 340);
+    EXPECT_TRUE(containsRect(*last.clip, last.placedRect())) << stringFromRect(*last.clip);
 }
 
 TEST_F(Snapshot, SelectionAndHandlesNeverShow) {
