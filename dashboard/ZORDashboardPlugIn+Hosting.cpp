@@ -10,9 +10,12 @@ void ZORDashboardPlugIn::awakeFromNib() {
     view()->addSubview(scrollView);
     setupLayoutConstraints(view(), scrollView);
 
-    auto container = ZORWidgetHostView::initWithFrame(editView_ ? editView_->frame() : Rect{});
-    container->setTargetView(editView_);
-    scrollView->setDocumentView(container);
+    // A stored selection may hold the container that the canvas had; it is this one again then.
+    auto canvasWidget = container();
+    if (!canvasWidget) canvasWidget = std::make_shared<ZORWidgetHostView>();
+    canvasWidget->setTargetView(editView_);
+    canvasWidget->setFrame(editView_ ? editView_->frame() : Rect{});
+    scrollView->setDocumentView(canvasWidget);
 
     // Widgets that are already there move to the top one by one, which leaves them in the order of the list.
     if (widgets_ && editView_) editView_->addSubviews(*widgets_);

@@ -10,8 +10,8 @@ namespace zor {
 namespace {
 
 void drive(std::istream& lines, DriveSession& session) {
+    // An empty line is answered too, so that whoever waits for one answer to each line never waits in vain.
     for (std::string line; std::getline(lines, line);) {
-        if (line.find_first_not_of(" \t\r") == std::string::npos) continue;
         std::cout << session.answer(line) << '\n' << std::flush;
     }
 }

@@ -30,7 +30,7 @@ std::shared_ptr<Agent> makeAgent(const Fields& description) {
             if (!unit) property.refuse("unit", "there is no unit \"" + *shortName + "\"");
             const auto* known = knownProperty(key);
             setProperty(*agent->addProperty(key, known ? known->displayName : std::string_view(key), unit->quantity),
-                        property, "value");
+                        property);
         }
     }
     return agent;

@@ -1,4 +1,5 @@
 #include "app/drive/DriveSession.h"
+#include "host/foundation/SafeFile.h"
 #include "host/views/ScrollView.h"
 
 namespace zor {
@@ -51,6 +52,12 @@ std::uint32_t modifierFlags(const Fields& line) {
     return flags;
 }
 
+int clickCount(const Fields& line) {
+    const auto clicks = line.integer("clicks", 1);
+    if (clicks < 0 || clicks > 1000) line.refuse("clicks", "must be a number of clicks");
+    return static_cast<int>(clicks);
+}
+
 Point DriveSession::windowPoint(const Fields& line) const {
     return canvasFor(line)->convertPointToView(line.point("at"), nullptr);
 }
@@ -61,26 +68,25 @@ static void requireShown(const Fields& line, const View& canvas, Point inWindow)
     const auto* window = canvas.window();
     const bool shown = scrollView && window &&
                        pointInRect(scrollView->convertPointFromView(inWindow, nullptr), scrollView->viewport()) &&
-                       pointInRect(inWindow, window->contentView()->bounds());
+                       pointInRect(inWindow, window->contentView()->frame());
     if (!shown) line.refuse("at", "the window does not show that point");
 }
 
 Json DriveSession::press(const Fields& line) {
     const Point point = windowPoint(line);
     const auto flags = modifierFlags(line);
-    const auto clicks = line.integer("clicks", 1);
-    if (clicks < 1 || clicks > 1000) line.refuse("clicks", "must be a number of clicks");
+    const int clicks = clickCount(line);
     requireShown(line, *canvasFor(line), point);
     if (window()->hasPressedView()) line.refuse("do", "the button is down already");
     rightPressedView_.reset();
-    window()->sendEvent(Event::mouse(EventType::mouseDown, point, flags, static_cast<int>(clicks)));
+    window()->sendEvent(Event::mouse(EventType::mouseDown, point, flags, clicks));
     return Json::object();
 }
 
 Json DriveSession::drag(const Fields& line) {
     const Point point = windowPoint(line);
     const auto flags = modifierFlags(line);
-    const auto event = Event::mouse(EventType::mouseDragged, point, flags, 1);
+    const auto event = Event::mouse(EventType::mouseDragged, point, flags, clickCount(line));
     if (window()->hasPressedView()) {
         window()->sendEvent(event);
     } else if (const auto view = rightPressedView_.lock()) {
@@ -94,9 +100,9 @@ Json DriveSession::drag(const Fields& line) {
 Json DriveSession::release(const Fields& line) {
     const Point point = windowPoint(line);
     const auto flags = modifierFlags(line);
-    const auto clicks = line.integer("clicks", 1);
+    const int clicks = clickCount(line);
     if (!window()->hasPressedView()) line.refuse("do", "no button is down");
-    window()->sendEvent(Event::mouse(EventType::mouseUp, point, flags, static_cast<int>(clicks)));
+    window()->sendEvent(Event::mouse(EventType::mouseUp, point, flags, clicks));
     return Json::object();
 }
 
@@ -140,11 +146,19 @@ Json DriveSession::command(const Fields& line) {
     const auto target = dashboardFor(line);
     if (!target->respondsTo(name)) line.refuse("name", "a dashboard has no command \"" + name + "\"");
     target->performWithSender(name, {});
-    if (dashboard() != target) showSelected();
     return Json::object();
 }
 
-Json DriveSession::pasteboard(const Fields&) { return {{"types", toolkit_.generalPasteboard().types()}}; }
+Json DriveSession::pasteboard(const Fields& line) {
+    const auto& pasteboard = toolkit_.generalPasteboard();
+    if (const auto file = line.optionalString("file")) {
+        const Bytes widgets = pasteboard.dataForType(widgetPasteType);
+        if (widgets.empty()) line.refuse("file", "there are no widgets on the pasteboard");
+        const auto status = writeFileAtomically(*file, widgets);
+        if (!status) line.refuse("file", status.error().message);
+    }
+    return {{"types", pasteboard.types()}};
+}
 
 Json DriveSession::pointer(const Fields& line) {
     toolkit_.setPointer(line.point("at"));

@@ -30,9 +30,9 @@ const std::map<std::string, DriveSession::Handler, std::less<>>& DriveSession::h
 }
 
 std::string DriveSession::answer(const std::string& line) {
-    const Json parsed = Json::parse(line, nullptr, false);
     Json result;
     try {
+        const Json parsed = jsonFromLine(line);
         if (!parsed.is_object()) throw LineError{"line", "is not a JSON object"};
         result = carryOut(parsed);
     } catch (const LineError& error) {

@@ -97,9 +97,10 @@ private:
 /// A widget from {kind, frame, title, property}, linked to the agent's property of that name.
 std::shared_ptr<ZORWidgetHostView> makeWidget(const Fields& description, const std::shared_ptr<Agent>& agent);
 /// A property from {value, unit}; throws LineError.
-void setProperty(Property& property, const Fields& description, const std::string& key);
+void setProperty(Property& property, const Fields& description);
 /// The document class's dashboards in the list.
 std::vector<std::shared_ptr<ZORPlugIn>> listedDashboards(const SiteDocument& document);
 std::uint32_t modifierFlags(const Fields& line);
+int clickCount(const Fields& line);
 
 }  // namespace zor

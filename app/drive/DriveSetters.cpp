@@ -2,7 +2,7 @@
 
 namespace zor {
 
-void setProperty(Property& property, const Fields& description, const std::string& key) {
+void setProperty(Property& property, const Fields& description) {
     const Unit* unit = &property.unit();
     if (const auto shortName = description.optionalString("unit")) {
         unit = unitWithShortName(*shortName, property.quantity());
@@ -10,10 +10,8 @@ void setProperty(Property& property, const Fields& description, const std::strin
     }
     std::optional<double> value;
     if (description.has("value")) value = description.number("value");
-    if (value && !isPlausible(toBase(*value, *unit), property.quantity())) {
-        description.refuse(key, "no station can measure that");
-    }
     property.setUnit(*unit);
+    // What no station can measure becomes no value, as with any driver.
     property.setValue(value ? std::optional(toBase(*value, *unit)) : std::nullopt, now());
 }
 
@@ -21,7 +19,7 @@ Json DriveSession::set(const Fields& line) {
     const Json& target = line.raw("target");
     line.string("key");
     line.raw("value");
-    if (target.is_number_integer()) {
+    if (target.is_number()) {
         const auto found = widgetsById_.find(line.integer("target"));
         const auto widget = found == widgetsById_.end() ? nullptr : found->second.lock();
         if (!widget) line.refuse("target", "there is no widget with that id");
@@ -95,7 +93,7 @@ void DriveSession::setAgent(const Fields& line) {
     const std::string key = line.string("key");
     const auto property = document_ ? document_->agent()->properties().find(key) : nullptr;
     if (!property) line.refuse("key", "the agent has no property \"" + key + "\"");
-    setProperty(*property, line.object("value"), "value");
+    setProperty(*property, line.object("value"));
 }
 
 }  // namespace zor

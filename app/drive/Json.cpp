@@ -59,6 +59,20 @@ Value valueFrom(const Json& json) {
     return {};
 }
 
+Json jsonFromLine(const std::string& line) {
+    constexpr int deepest = 100;
+    bool isTooDeep = false;
+    Json json = Json::parse(
+        line,
+        [&isTooDeep](int depth, Json::parse_event_t, Json&) {
+            isTooDeep = isTooDeep || depth > deepest;
+            return !isTooDeep;
+        },
+        false);
+    if (isTooDeep) throw LineError{"line", "is nested too deeply"};
+    return json;
+}
+
 std::string lineOf(const Json& json) { return json.dump(-1, ' ', false, Json::error_handler_t::replace); }
 
 void Fields::refuse(const std::string& key, const std::string& fault) const { throw LineError{path_ + key, fault}; }

@@ -20,6 +20,9 @@ Json jsonFrom(Point point);
 Json jsonFrom(const Rect& rect);
 /// null becomes an absent value.
 Value valueFrom(const Json& json);
+/// What a line holds, or a discarded value where it is not JSON. Throws LineError where lists and objects are nested so
+/// deeply that working on them could use up the stack.
+Json jsonFromLine(const std::string& line);
 /// One line without its end; text that is not UTF-8 is mended.
 std::string lineOf(const Json& json);
 
