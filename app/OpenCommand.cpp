@@ -2,6 +2,7 @@
 
 #include "app/Commands.h"
 #include "app/Runtime.h"
+#include "app/window/Appearance.h"
 #include "app/window/Desktop.h"
 #include "app/window/SiteWindow.h"
 #include "qt/QtToolkit.h"
@@ -16,6 +17,7 @@ int run(std::span<const std::string> words) {
     }
     if (!hasDisplay()) return fail("there is no display for a window; station serve SITE needs none");
     DesktopRuntime runtime;
+    applyChosenAppearance();
     Desktop desktop(runtime.plugIns());
     static_cast<QtToolkit&>(Toolkit::current()).setHelpOpener([&](const std::string& anchor) {
         desktop.showHelp(QString::fromStdString(anchor));

@@ -134,10 +134,10 @@ void QtDrawingContext::rotate(double degrees) {
 }
 
 void QtDrawingContext::clipToRect(const Rect& rect) {
-    const QTransform device = painter_.deviceTransform();
     QRectF clip = zor::toQt(rect);
     // The raster engine would round the edges to the nearest pixel, which cuts antialiased edges off that lie within.
-    if (isRaster_ && device.type() <= QTransform::TxScale && device.isInvertible()) {
+    if (hasParallelPixels()) {
+        const QTransform device = painter_.deviceTransform();
         clip = device.inverted().mapRect(wholePixels(device.mapRect(clip)));
     }
     painter_.setClipRect(clip, Qt::IntersectClip);
@@ -145,6 +145,21 @@ void QtDrawingContext::clipToRect(const Rect& rect) {
 
 void QtDrawingContext::clipToPath(const Path& path) {
     painter_.setClipPath(zor::toQt(path), Qt::IntersectClip);
+}
+
+Rect QtDrawingContext::alignedToPixels(const Rect& rect) const {
+    if (!hasParallelPixels() || !isDrawable(rect)) return rect;
+    const QTransform device = painter_.deviceTransform();
+    const QRectF exact = device.mapRect(zor::toQt(rect));
+    const QRectF pixels(QPointF(std::round(exact.left()), std::round(exact.top())),
+                        QPointF(std::round(exact.right()), std::round(exact.bottom())));
+    const QRectF aligned = device.inverted().mapRect(pixels);
+    return {aligned.x(), aligned.y(), aligned.width(), aligned.height()};
+}
+
+bool QtDrawingContext::hasParallelPixels() const {
+    const QTransform device = painter_.deviceTransform();
+    return isRaster_ && device.type() <= QTransform::TxScale && device.isInvertible();
 }
 
 void QtDrawingContext::fillPath(const Path& path, const Color& color) {

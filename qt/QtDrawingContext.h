@@ -23,6 +23,7 @@ public:
     void rotate(double degrees) override;
     void clipToRect(const Rect& rect) override;
     void clipToPath(const Path& path) override;
+    Rect alignedToPixels(const Rect& rect) const override;
 
     void fillPath(const Path& path, const Color& color) override;
     void fillPathWithGradient(const Path& path, const Gradient& gradient) override;
@@ -35,6 +36,8 @@ public:
                   VerticalAlignment vertical = VerticalAlignment::top) override;
 
 private:
+    bool hasParallelPixels() const;
+
     QPainter& painter_;
     /// Whether pixels are drawn, rather than a document that some other program turns into pixels.
     bool isRaster_;

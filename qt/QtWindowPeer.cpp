@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QVBoxLayout>
 #include <QWindow>
 
 #include "qt/QtConversions.h"
@@ -43,6 +44,9 @@ QtWindowPeer::QtWindowPeer(Window& window, ViewTreeWidget& embedded)
     embedded.setShownWindow(&window);
 }
 
+QtWindowPeer::QtWindowPeer(Window& window, std::unique_ptr<QWidget> content)
+    : window_(window), content_(std::move(content)), titleOfContent_(content_->windowTitle()), isEmbedded_(false) {}
+
 QtWindowPeer::~QtWindowPeer() {
     if (!widget_) return;
     widget_->setShownWindow(nullptr);
@@ -64,6 +68,12 @@ ViewTreeWidget* QtWindowPeer::madeWidget() {
     // The keyboard stays with the window that is being worked in.
     widget_->setAttribute(Qt::WA_ShowWithoutActivating);
     titleChanged();
+    if (content_) {
+        auto* layout = new QVBoxLayout(widget_);
+        layout->setContentsMargins({});
+        widget_->setFocusPolicy(Qt::NoFocus);
+        layout->addWidget(content_.release());
+    }
     const auto& content = window_.contentView();
     const Size size = !window_.frame().isEmpty() || !content ? window_.frame().size() : content->frame().size();
     // The window's wish comes first; only then does the content follow the widget.
@@ -91,7 +101,8 @@ void QtWindowPeer::hide() {
 }
 
 void QtWindowPeer::titleChanged() {
-    if (widget_) widget_->window()->setWindowTitle(toQt(window_.title()));
+    if (!widget_) return;
+    widget_->window()->setWindowTitle(window_.title().empty() ? titleOfContent_ : toQt(window_.title()));
 }
 
 void QtWindowPeer::frameChanged() {

@@ -16,6 +16,9 @@ public:
     /// The widget stays the application's. Its size and place are the application's too: the window's frame follows
     /// neither.
     QtWindowPeer(Window& window, ViewTreeWidget& embedded);
+    /// A tool window that is filled by a widget of Qt's instead of a view tree, and called by the widget's own title
+    /// while the window has none.
+    QtWindowPeer(Window& window, std::unique_ptr<QWidget> content);
     ~QtWindowPeer() override;
     QtWindowPeer(const QtWindowPeer&) = delete;
     QtWindowPeer& operator=(const QtWindowPeer&) = delete;
@@ -42,6 +45,9 @@ private:
 
     Window& window_;
     QPointer<ViewTreeWidget> widget_;
+    /// Until the tool window is made, which takes it.
+    std::unique_ptr<QWidget> content_;
+    QString titleOfContent_;
     bool isEmbedded_;
     bool adoptsFrame_ = false;
     /// The window on which this one is shown as a sheet.

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QTimerEvent>
 
 #include "qt/QtConversions.h"
@@ -21,7 +22,9 @@ constexpr int mostRectangles = 4;
 
 }  // namespace
 
-ViewTreeWidget::ViewTreeWidget(QWidget* parent) : QWidget(parent) {
+ViewTreeWidget::ViewTreeWidget(QWidget* parent)
+    : QWidget(parent), autoScroller_([this](const EventPtr& drag) { send(drag); }) {
+    setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
 }
@@ -33,6 +36,22 @@ void ViewTreeWidget::setShownWindow(Window* window) {
 
 View* ViewTreeWidget::content() const {
     return window_ ? window_->contentView().get() : nullptr;
+}
+
+View* ViewTreeWidget::viewAt(QPointF place) const {
+    View* view = content();
+    return view ? view->hitTest(fromQt(place)) : nullptr;
+}
+
+void ViewTreeWidget::showPointerShape(QPointF place) {
+    const View* view = viewAt(place);
+    const auto shape =
+        view ? view->pointerShapeAt(view->convertPointFromView(fromQt(place), nullptr)) : PointerShape::arrow;
+    if (shape == PointerShape::resizeDiagonally) {
+        setCursor(Qt::SizeFDiagCursor);
+    } else {
+        unsetCursor();
+    }
 }
 
 void ViewTreeWidget::contentChanged() {
@@ -121,17 +140,28 @@ int ViewTreeWidget::countClick(const QMouseEvent& press) {
 
 void ViewTreeWidget::mousePressEvent(QMouseEvent* event) {
     const int clicks = countClick(*event);
-    if (event->button() == Qt::LeftButton) return send(eventFromQt(*event, EventType::mouseDown, clicks));
+    if (event->button() == Qt::LeftButton) {
+        autoScroller_.begin(viewAt(event->position()));
+        return send(eventFromQt(*event, EventType::mouseDown, clicks));
+    }
     if (event->button() == Qt::RightButton) return send(eventFromQt(*event, EventType::rightMouseDown, clicks));
     event->ignore();
 }
 
 void ViewTreeWidget::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() & Qt::LeftButton) send(eventFromQt(*event, EventType::mouseDragged, clickCount_));
+    if (!(event->buttons() & Qt::LeftButton)) return showPointerShape(event->position());
+    const EventPtr drag = eventFromQt(*event, EventType::mouseDragged, clickCount_);
+    autoScroller_.follow(drag);
+    send(drag);
 }
 
 void ViewTreeWidget::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::LeftButton) send(eventFromQt(*event, EventType::mouseUp, clickCount_));
+    if (event->button() != Qt::LeftButton) return;
+    autoScroller_.end();
+    const QPointer<QWidget> alive = this;
+    send(eventFromQt(*event, EventType::mouseUp, clickCount_));
+    // A widget that has been selected has a handle now.
+    if (alive) showPointerShape(event->position());
 }
 
 void ViewTreeWidget::wheelEvent(QWheelEvent* event) {

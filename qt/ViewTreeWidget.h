@@ -5,12 +5,14 @@
 #include <QWidget>
 
 #include "host/views/Window.h"
+#include "qt/AutoScroller.h"
 #include "qt/ScrollerOverlays.h"
 
 namespace zor {
 
 /// One Qt widget that shows the whole view tree of a window: it paints what is damaged, gives the window its events and
-/// its content the widget's size. Scroll views get native scroll bars; layers move while they are animated.
+/// its content the widget's size. Scroll views get native scroll bars and scroll when a drag reaches their edge; layers
+/// move while they are animated; the pointer's shape is that of the view below it.
 class ViewTreeWidget : public QWidget {
 public:
     explicit ViewTreeWidget(QWidget* parent = nullptr);
@@ -40,6 +42,8 @@ protected:
 
 private:
     View* content() const;
+    View* viewAt(QPointF place) const;
+    void showPointerShape(QPointF place);
     void send(const EventPtr& event);
     int countClick(const QMouseEvent& press);
     /// Looks the tree over, soon and once for many changes.
@@ -49,6 +53,7 @@ private:
     Window* window_ = nullptr;
     ScrollerOverlays scrollers_{*this};
     QBasicTimer animation_;
+    AutoScroller autoScroller_;
     bool surveyScheduled_ = false;
     quint64 lastPressTime_ = 0;
     QPointF lastPressPoint_;

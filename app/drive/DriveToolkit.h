@@ -39,6 +39,7 @@ public:
     Json takeSheets();
 
     std::shared_ptr<WindowPeer> makeWindowPeer(Window&) override { return {}; }
+    std::shared_ptr<PropertyPanelPeer> makePropertyPanelPeer(ZORPropertyPanelController&) override { return {}; }
     std::shared_ptr<SavePanel> makeSavePanel() override;
     std::shared_ptr<OpenPanel> makeOpenPanel() override;
     std::shared_ptr<Alert> makeAlert() override;

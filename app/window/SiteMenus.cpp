@@ -11,24 +11,23 @@
 
 #include "app/Version.h"
 #include "app/window/AboutPlugIns.h"
+#include "app/window/DashboardMenus.h"
+#include "app/window/Appearance.h"
 #include "app/window/Desktop.h"
+#include "app/window/EditorState.h"
 #include "app/window/SiteWindow.h"
 
 namespace zor {
 
 namespace {
 
-bool isBeingEdited(const SiteWindow& window) {
-    const auto dashboard = window.selectedDashboard();
-    const auto canvas = dashboard ? dashboard->valueForKey("editView").asObject() : nullptr;
-    return canvas && canvas->valueForKey("editMode").asBool();
-}
+bool isBeingEdited(const SiteWindow& window) { return EditorState::of(window.selectedDashboard()).isEdited; }
 
 }  // namespace
 
-SiteMenus::SiteMenus(SiteWindow& window) : window_(window), bar_(*window.menuBar()) {
+SiteMenus::SiteMenus(SiteWindow& window, QWidget& canvas) : window_(window), bar_(*window.menuBar()) {
     makeFileMenu();
-    makeEditMenu();
+    (new DashboardMenus(window, canvas))->addTo(bar_);
     makeViewMenu();
     makeWindowMenu();
     makeHelpMenu();
@@ -100,16 +99,6 @@ void SiteMenus::fillRecentFiles(QMenu& menu) {
     add(menu, QObject::tr("Demo Station"), {}, [this] { window_.desktop().openSite("demo", &window_); });
 }
 
-void SiteMenus::makeEditMenu() {
-    QMenu& menu = *bar_.addMenu(QObject::tr("&Edit"));
-    addSender(menu, QObject::tr("&Undo"), QKeySequence::Undo, "undo:");
-    addSender(menu, QObject::tr("&Redo"), QKeySequence::Redo, "redo:");
-    menu.addSeparator();
-    addSender(menu, QObject::tr("&Copy"), QKeySequence::Copy, "copy:");
-    addSender(menu, QObject::tr("&Paste"), QKeySequence::Paste, "paste:");
-    addSender(menu, QObject::tr("&Select All"), QKeySequence::SelectAll, "selectAll:");
-}
-
 void SiteMenus::makeViewMenu() {
     QMenu& menu = *bar_.addMenu(QObject::tr("&View"));
     auto* edit = add(menu, QObject::tr("&Edit Dashboard"), QKeySequence(Qt::CTRL | Qt::Key_E), [this] {
@@ -130,6 +119,7 @@ void SiteMenus::makeViewMenu() {
         action->setChecked(window_.document().agent()->configuration().unitSystem == system);
         group->addAction(action);
     }
+    addAppearanceMenu(menu);
     menu.addSeparator();
     auto* list = add(menu, QObject::tr("&List of Dashboards"), QKeySequence(Qt::Key_F9),
                      [this] { window_.setListVisible(!window_.isListVisible()); });

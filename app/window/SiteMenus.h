@@ -7,6 +7,7 @@
 class QAction;
 class QMenu;
 class QMenuBar;
+class QWidget;
 
 namespace zor {
 
@@ -15,7 +16,8 @@ class SiteWindow;
 /// The menu bar of a site window.
 class SiteMenus {
 public:
-    explicit SiteMenus(SiteWindow& window);
+    /// `canvas` is the part of the window that shows the dashboard.
+    SiteMenus(SiteWindow& window, QWidget& canvas);
     /// The catalogue as a menu at a place on the screen.
     void popUpCatalogue(const QPoint& position);
 
@@ -23,7 +25,6 @@ private:
     QAction* add(QMenu& menu, const QString& text, const QKeySequence& shortcut, std::function<void()> perform);
     void addSender(QMenu& menu, const QString& text, const QKeySequence& shortcut, const char* action);
     void makeFileMenu();
-    void makeEditMenu();
     void makeViewMenu();
     void makeWindowMenu();
     void makeHelpMenu();

@@ -4,9 +4,7 @@
 #include <QCloseEvent>
 #include <QFileDialog>
 #include <QLabel>
-#include <QListWidget>
 #include <QDateTime>
-#include <QMenu>
 #include <QMessageBox>
 #include <QScreen>
 #include <QSettings>
@@ -16,6 +14,7 @@
 #include <QToolBar>
 
 #include "app/window/Desktop.h"
+#include "app/window/PlugInList.h"
 #include "app/window/SiteMenus.h"
 #include "qt/QtWindowPeer.h"
 #include "qt/ViewTreeWidget.h"
@@ -32,12 +31,6 @@ constexpr QSize firstSize{1400, 900};
 constexpr int listWidth = 200;
 constexpr int statusMilliseconds = 1000;
 
-QIcon iconFrom(const std::shared_ptr<Image>& image) {
-    QPixmap pixmap;
-    if (image && image->data()) pixmap.loadFromData(image->data()->data(), static_cast<uint>(image->data()->size()));
-    return QIcon(pixmap);
-}
-
 }  // namespace
 
 SiteWindow::SiteWindow(Desktop& desktop, std::shared_ptr<SiteSession> session)
@@ -46,7 +39,7 @@ SiteWindow::SiteWindow(Desktop& desktop, std::shared_ptr<SiteSession> session)
     splitter_ = new QSplitter(this);
     splitter_->setChildrenCollapsible(false);
     splitter_->setHandleWidth(1);
-    makeList();
+    list_ = new PlugInList(controller(), this);
     canvasArea_ = new ViewTreeWidget(splitter_);
     canvasArea_->setObjectName("dashboard");
     canvasArea_->installEventFilter(this);
@@ -63,19 +56,23 @@ SiteWindow::SiteWindow(Desktop& desktop, std::shared_ptr<SiteSession> session)
     troubleLabel_->setObjectName("trouble");
     statusBar()->addWidget(stationLabel_, 1);
     statusBar()->addPermanentWidget(troubleLabel_);
-    menus_ = std::make_unique<SiteMenus>(*this);
+    menus_ = std::make_unique<SiteMenus>(*this, *canvasArea_);
 
     controller().setObserver([this] { refreshList(); });
     document().setDirtyObserver([this] { refreshTitle(); });
     session_->setTroubleObserver([this] { refreshStatus(); });
     auto* statusTimer = new QTimer(this);
-    connect(statusTimer, &QTimer::timeout, this, [this] { refreshStatus(); });
+    connect(statusTimer, &QTimer::timeout, this, [this] {
+        refreshStatus();
+        noticeEdits();
+    });
     statusTimer->start(statusMilliseconds);
 
     restoreGeometryOfLastTime();
     refreshList();
     refreshTitle();
     refreshStatus();
+    noticeEdits();
     canvasArea_->setFocus();
 }
 
@@ -108,61 +105,8 @@ void SiteWindow::makeToolbar() {
     }
 }
 
-void SiteWindow::makeList() {
-    list_ = new QListWidget(this);
-    list_->setObjectName("plugIns");
-    list_->setAccessibleName(tr("Dashboards"));
-    list_->setFrameShape(QFrame::NoFrame);
-    list_->setIconSize({20, 20});
-    list_->setStyleSheet("QListWidget { padding: 6px; } QListWidget::item { padding: 6px 8px; border-radius: 6px; }"
-                         "QListWidget::item:selected { background: palette(highlight);"
-                         " color: palette(highlighted-text); }");
-    list_->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(list_, &QListWidget::currentRowChanged, this, [this](int row) {
-        if (!refreshing_ && row >= 0 && row != controller().selectedIndex()) controller().selectPlugInAtIndex(row);
-    });
-    connect(list_, &QListWidget::customContextMenuRequested, this,
-            [this](const QPoint& position) { showListMenu(position); });
-}
-
-void SiteWindow::showListMenu(const QPoint& position) {
-    const int row = list_->row(list_->itemAt(position));
-    const auto& plugIns = controller().plugIns();
-    if (row < 0 || row >= static_cast<int>(plugIns.size())) return;
-    const auto plugIn = plugIns[static_cast<std::size_t>(row)];
-    QMenu menu(this);
-    if (const auto own = plugIn->menu()) {
-        for (std::size_t index = 0; index < own->items().size(); ++index) {
-            const auto& item = own->items()[index];
-            if (item.isSeparator) {
-                menu.addSeparator();
-            } else {
-                connect(menu.addAction(QString::fromStdString(item.title)), &QAction::triggered, this,
-                        [own, index] { own->performItemAtIndex(index); });
-            }
-        }
-    }
-    if (plugIn->isDeletable()) {
-        connect(menu.addAction(tr("Remove")), &QAction::triggered, this, [this, row] {
-            controller().removePlugInAtIndex(static_cast<std::size_t>(row));
-        });
-    }
-    menu.exec(list_->viewport()->mapToGlobal(position));
-}
-
 void SiteWindow::refreshList() {
-    refreshing_ = true;
-    const auto entries = controller().entries();
-    while (list_->count() > static_cast<int>(entries.size())) delete list_->takeItem(list_->count() - 1);
-    for (int row = 0; row < static_cast<int>(entries.size()); ++row) {
-        if (row == list_->count()) list_->addItem(new QListWidgetItem);
-        const auto& entry = entries[static_cast<std::size_t>(row)];
-        auto* item = list_->item(row);
-        item->setText(QString::fromStdString(entry.title));
-        if (item->icon().isNull()) item->setIcon(iconFrom(entry.representedObject->icon()));
-    }
-    list_->setCurrentRow(static_cast<int>(controller().selectedIndex()));
-    refreshing_ = false;
+    list_->refresh();
     refreshTitle();
 }
 
@@ -186,6 +130,10 @@ void SiteWindow::refreshStatus() {
     const QString text = tr("%1: %2").arg(station, when);
     if (stationLabel_->text() != text) stationLabel_->setText(text);
     troubleLabel_->setText(QString::fromStdString(session_->trouble()));
+}
+
+void SiteWindow::noticeEdits() {
+    if (edits_.noticesChange(controller())) document().setDirty(true);
 }
 
 bool SiteWindow::eventFilter(QObject* watched, QEvent* event) {
@@ -229,6 +177,7 @@ bool SiteWindow::saveAs() {
 }
 
 bool SiteWindow::writeTo(const QString& chosen) {
+    noticeEdits();
     const auto status = document().save(chosen.toStdString());
     if (status) {
         desktop_.noteRecentFile(QFileInfo(chosen).absoluteFilePath());
@@ -243,6 +192,7 @@ bool SiteWindow::writeTo(const QString& chosen) {
 }
 
 void SiteWindow::closeEvent(QCloseEvent* event) {
+    noticeEdits();
     if (document().isDirty() && !file().empty()) {
         const auto choice = QMessageBox::question(this, QCoreApplication::applicationName(),
                                                   tr("Save the changes to “%1”?").arg(windowTitle().remove("[*]")),

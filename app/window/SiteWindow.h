@@ -5,15 +5,15 @@
 #include <memory>
 
 #include "app/SiteSession.h"
+#include "app/window/EditWatch.h"
 
 class QLabel;
-class QListWidget;
-class QMenu;
 class QSplitter;
 
 namespace zor {
 
 class Desktop;
+class PlugInList;
 class SiteMenus;
 class ViewTreeWidget;
 
@@ -46,24 +46,24 @@ protected:
 
 private:
     void makeToolbar();
-    void makeList();
     void restoreGeometryOfLastTime();
     void rememberGeometry();
     void refreshList();
     void refreshTitle();
     void refreshStatus();
-    void showListMenu(const QPoint& position);
+    /// A dashboard that somebody has edited makes the document one to be saved.
+    void noticeEdits();
     bool writeTo(const QString& file);
 
     Desktop& desktop_;
     std::shared_ptr<SiteSession> session_;
     QSplitter* splitter_ = nullptr;
-    QListWidget* list_ = nullptr;
+    PlugInList* list_ = nullptr;
     ViewTreeWidget* canvasArea_ = nullptr;
     QLabel* stationLabel_ = nullptr;
     QLabel* troubleLabel_ = nullptr;
     std::unique_ptr<SiteMenus> menus_;
-    bool refreshing_ = false;
+    EditWatch edits_;
 };
 
 }  // namespace zor

@@ -10,9 +10,10 @@ namespace {
 /// A solid line with a soft one inside it; both keep within the widget, whose drawing ends at its edge.
 void drawSelectionLook(DrawingContext& context, const Rect& bounds) {
     constexpr double line = 2;
-    constexpr double halo = 3;
+    constexpr double halo = 2;
+    const Rect outline = context.alignedToPixels(bounds);
     const auto strokeInside = [&](double offset, double width, Color color) {
-        const Rect middle = insetRect(bounds, offset + width / 2, offset + width / 2);
+        const Rect middle = insetRect(outline, offset + width / 2, offset + width / 2);
         if (!middle.isEmpty()) context.strokePath(Path::rect(middle), {.color = color, .width = width});
     };
     strokeInside(line, halo, palette::accent.withAlpha(0.22));
@@ -45,7 +46,7 @@ void ZORWidgetHostView::drawOverlay(DrawingContext& context, const Rect&) {
     if (!isVisibleArea(bounds())) return;
     if (selected_) drawSelectionLook(context, bounds());
     // A container's handle would lie under its canvas, which takes the presses there.
-    if (allowResize_ && !hostsCanvas()) drawHandle(context, resizeHandle());
+    if (allowResize_ && !hostsCanvas()) drawHandle(context, context.alignedToPixels(resizeHandle()));
 }
 
 }  // namespace zor

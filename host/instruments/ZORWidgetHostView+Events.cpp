@@ -14,6 +14,11 @@ Rect ZORWidgetHostView::resizeHandle() const {
     return {bounds().width - handleSide, bounds().height - handleSide, handleSide, handleSide};
 }
 
+PointerShape ZORWidgetHostView::pointerShapeAt(Point point) const {
+    const bool isOnHandle = allowResize_ && !hostsCanvas() && pointInRect(point, resizeHandle());
+    return isOnHandle ? PointerShape::resizeDiagonally : PointerShape::arrow;
+}
+
 bool ZORWidgetHostView::isHandlePress(const Event& event) const {
     const Point point = convertPointFromView(event.locationInWindow(), nullptr);
     return allowResize_ && !event.hasFlag(controlKeyMask) && pointInRect(point, resizeHandle()) &&

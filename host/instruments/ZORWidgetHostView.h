@@ -96,6 +96,9 @@ public:
     static constexpr double handleSide = 12;
     static constexpr double leastSide = 10;
     Rect resizeHandle() const;
+    PointerShape pointerShapeAt(Point point) const override;
+    /// While it is edited.
+    bool dragsScroll() const override { return editable_; }
     void mouseDown(const EventPtr& event) override;
     void mouseDragged(const EventPtr& event) override;
     void mouseUp(const EventPtr& event) override;

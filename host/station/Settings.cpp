@@ -24,12 +24,17 @@ std::string objection(const Setting& setting, const Value& value) {
 
 }  // namespace
 
+Status applySetting(Object& object, const Setting& setting, const Value& value) {
+    if (auto reason = objection(setting, value); !reason.empty()) return Error{std::move(reason)};
+    if (!setting.set(object, value)) return Error{"the value is of the wrong kind"};
+    return success();
+}
+
 Status applySetting(Object& object, const SettingList& settings, std::string_view name, const Value& value) {
     const auto setting = std::ranges::find(settings, name, &Setting::name);
     if (setting == settings.end()) return Error{std::string(name) + ": there is no such setting"};
-    if (const auto reason = objection(*setting, value); !reason.empty()) return Error{setting->name + ": " + reason};
-    if (!setting->set(object, value)) return Error{setting->name + ": the value is of the wrong kind"};
-    return success();
+    const auto status = applySetting(object, *setting, value);
+    return status ? status : Status(Error{setting->name + ": " + status.error().message});
 }
 
 }  // namespace zor

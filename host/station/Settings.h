@@ -49,6 +49,8 @@ struct Setting {
 
 using SettingList = std::vector<Setting>;
 
+/// Sets after checking range and choices. The error says what was wrong, for a person who sees the setting.
+Status applySetting(Object& object, const Setting& setting, const Value& value);
 /// Sets by name after checking range and choices. The error names the setting and what was wrong.
 Status applySetting(Object& object, const SettingList& settings, std::string_view name, const Value& value);
 

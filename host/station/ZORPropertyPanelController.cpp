@@ -1,6 +1,8 @@
 #include "host/station/ZORPropertyPanelController.h"
 
 #include "host/foundation/ClassBuilder.h"
+#include "host/station/SiteDocument.h"
+#include "host/views/Toolkit.h"
 
 namespace zor {
 
@@ -42,11 +44,18 @@ bool ZORPropertyPanelController::isVisible() const {
 }
 
 void ZORPropertyPanelController::showWindow() {
+    if (!peer_) peer_ = Toolkit::current().makePropertyPanelPeer(*this);
     ask(window_, [](Window& panel) { panel.show(); });
 }
 
 void ZORPropertyPanelController::close() {
     ask(window_, [](Window& panel) { panel.close(); });
+}
+
+void ZORPropertyPanelController::noteChange() {
+    const auto site = ask(agent_, [](const Agent& agent) { return agent.siteWindowController(); });
+    const auto document = ask(site, [](const SiteWindowController& controller) { return controller.document(); });
+    ask(document, [](SiteDocument& changed) { changed.setDirty(true); });
 }
 
 }  // namespace zor

@@ -4,13 +4,14 @@
 #include <memory>
 
 #include "host/station/Agent.h"
+#include "host/station/PropertyPanelPeer.h"
 #include "host/station/Settings.h"
 #include "host/views/Window.h"
 
 namespace zor {
 
-/// The floating window in which the settings of one object are edited. The entries themselves are the toolkit's; it
-/// fills them anew whenever `reload` tells its observer.
+/// The floating window in which the settings of one object are edited. The entries themselves are the toolkit's: its
+/// peer, asked for at the first showing, fills them anew whenever `reload` tells the observer.
 class ZORPropertyPanelController : public Object {
 public:
     static const ClassRecord& staticClass();
@@ -33,6 +34,8 @@ public:
     void showWindow();
     void close();
     void setObserver(std::function<void()> observer) { observer_ = std::move(observer); }
+    /// From the toolkit, after the person has changed the target: its document is to be saved.
+    void noteChange();
 
 private:
     std::shared_ptr<Agent> agent_;
@@ -40,6 +43,7 @@ private:
     const SettingList* properties_ = nullptr;
     std::shared_ptr<Window> window_;
     std::function<void()> observer_;
+    std::shared_ptr<PropertyPanelPeer> peer_;
 };
 
 }  // namespace zor

@@ -57,6 +57,9 @@ public:
     virtual void rotate(double degrees) = 0;
     virtual void clipToRect(const Rect& rect) = 0;
     virtual void clipToPath(const Path& path) = 0;
+    /// The nearest rectangle whose edges lie between two pixels of the device, where it has pixels and they are
+    /// parallel to the edges.
+    virtual Rect alignedToPixels(const Rect& rect) const { return rect; }
 
     virtual void fillPath(const Path& path, const Color& color) = 0;
     virtual void fillPathWithGradient(const Path& path, const Gradient& gradient) = 0;

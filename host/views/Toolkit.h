@@ -16,9 +16,11 @@ namespace zor {
 
 class DrawingContext;
 class Menu;
+class PropertyPanelPeer;
 class View;
 class Window;
 class WindowPeer;
+class ZORPropertyPanelController;
 struct PrintOperation;
 
 struct FontMetrics {
@@ -51,6 +53,8 @@ public:
     virtual Result<Size> sizeOfImageData(const Bytes& data) = 0;
 
     virtual std::shared_ptr<WindowPeer> makeWindowPeer(Window& window) = 0;
+    /// Fills the panel's window with entries; a toolkit that nobody looks at makes none.
+    virtual std::shared_ptr<PropertyPanelPeer> makePropertyPanelPeer(ZORPropertyPanelController&) { return {}; }
     virtual std::shared_ptr<SavePanel> makeSavePanel() = 0;
     virtual std::shared_ptr<OpenPanel> makeOpenPanel() = 0;
     virtual std::shared_ptr<Alert> makeAlert() = 0;

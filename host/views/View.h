@@ -13,6 +13,8 @@ class DrawingContext;
 class ShapeLayer;
 class Window;
 
+enum class PointerShape { arrow, resizeDiagonally };
+
 /// A rectangle of a view tree: frame in the parent's coordinates, children in stacking order (first = bottom). All
 /// views are flipped: origin at the top left, y downwards. A child never owns its parent.
 class View : public Responder {
@@ -82,6 +84,13 @@ public:
     virtual Point childrenOrigin() const { return {}; }
     void setNeedsDisplay(bool needed);
     void setNeedsDisplayInRect(const Rect& rect);
+    /// Told whenever the view asks for redrawing, thus whenever its frame or anything that it shows changes.
+    void setChangeObserver(std::function<void()> observer);
+
+    /// The pointer's shape over a point in own coordinates.
+    virtual PointerShape pointerShapeAt(Point) const { return PointerShape::arrow; }
+    /// Whether a drag that begins in the view scrolls what it lies in while the pointer is at the edge.
+    virtual bool dragsScroll() const { return false; }
 
     /// The drawing of `rect` as a one-page vector document; empty where the toolkit fails or a side is too large.
     std::shared_ptr<const Bytes> dataWithPDFInsideRect(const Rect& rect);

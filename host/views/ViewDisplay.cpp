@@ -10,7 +10,16 @@ void View::setNeedsDisplay(bool needed) {
     if (needed) setNeedsDisplayInRect(bounds());
 }
 
+void View::setChangeObserver(std::function<void()> observer) {
+    if (observer || extras_) extras().changeObserver = std::move(observer);
+}
+
 void View::setNeedsDisplayInRect(const Rect& rect) {
+    if (extras_ && extras_->changeObserver) {
+        // The observer may replace itself.
+        const auto observer = extras_->changeObserver;
+        observer();
+    }
     Rect damaged = clipsToBounds() ? intersectionRect(rect, bounds()) : rect;
     for (const View* view = this; !view->hidden_ && !damaged.isEmpty(); view = view->superview_) {
         const Point origin = view->originInParent();

@@ -8,6 +8,7 @@ namespace zor {
 struct View::Extras {
     std::vector<LayoutConstraint> constraints;
     std::vector<std::shared_ptr<ShapeLayer>> sublayers;
+    std::function<void()> changeObserver;
 };
 
 }  // namespace zor
