@@ -10,6 +10,7 @@
 #include "qt/QtPictures.h"
 #include "qt/QtPrinting.h"
 #include "qt/QtWindowPeer.h"
+#include "qt/interface/InterfaceLoader.h"
 
 namespace zor {
 
@@ -69,8 +70,8 @@ void QtToolkit::openHelp(std::string_view anchor) {
     if (helpOpener_) helpOpener_(std::string(anchor));
 }
 
-Result<ObjectPtr> QtToolkit::loadInterface(const std::filesystem::path& file, const ObjectPtr&) {
-    return Error{"There is no interface loader for the file " + file.string()};
+Result<ObjectPtr> QtToolkit::loadInterface(const std::filesystem::path& file, const ObjectPtr& owner) {
+    return loadInterfaceFile(file, owner);
 }
 
 }  // namespace zor

@@ -11,7 +11,8 @@ struct Resource {
     std::string identifier;
     std::string extension;
 
-    explicit Resource(const std::string& path) {
+    explicit Resource(std::string path) {
+        while (path.ends_with('/')) path.pop_back();
         const std::string last = path.substr(path.rfind('/') + 1);
         const std::size_t dot = last.rfind('.');
         identifier = last.substr(0, dot);

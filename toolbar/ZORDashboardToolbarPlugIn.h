@@ -38,6 +38,19 @@ public:
     /// the catalogue is a programmer's error and gives nothing.
     std::shared_ptr<ZORDashboardPlugIn> dashboardForRow(std::size_t row);
 
+    // Selection window: a sheet with the catalogue on its first page and the chosen entry on its second
+    std::string interfaceName() const override { return "SelectionWindow"; }
+    void awakeFromNib() override;
+    /// From page 1, with the row chosen last. Nothing without the interface file.
+    void showDashboardSelectionWindow();
+    /// Shows the entry's description and takes its title; every row may be selected. The list may be absent.
+    bool tableViewShouldSelectRow(const std::shared_ptr<TableView>& list, std::size_t row);
+    void importClicked(const ObjectPtr& sender);
+    void doneClicked(const ObjectPtr& sender);
+    void continueClicked(const ObjectPtr& sender);
+    void cancelClicked(const ObjectPtr& sender);
+    void backClicked(const ObjectPtr& sender);
+
     // Import: asks for a file and adds what it holds; a file of another agent brings a warning first
     void importDashboard(const ObjectPtr& sender);
     /// Binds each instrument to the agent's property of the name that it holds, or to none; one log line for each.
@@ -54,6 +67,7 @@ public:
     void willUnload() override { ZORPlugIn::willUnload(); }
 
     std::shared_ptr<ToolbarItem> toolbarItem() override;
+    void toolbarItemAction(const ObjectPtr&) { showDashboardSelectionWindow(); }
 
     // Descriptions
     std::string name() const override { return "Dashboard"; }
@@ -90,6 +104,8 @@ private:
     /// A new dashboard that shows a canvas read from a file.
     std::shared_ptr<ZORDashboardPlugIn> dashboardWithCanvas(std::shared_ptr<ZORDashboardEditView> canvas,
                                                             std::optional<std::string> title);
+    void addSelectedDashboard();
+    void endSelectionSheet(int code);
     void importFile(const std::shared_ptr<OpenPanel>& panel);
     void installDashboard(const std::shared_ptr<ZORDashboardEditView>& canvas, const std::optional<std::string>& title);
 

@@ -92,46 +92,53 @@ Json DriveSession::newDocument(const Fields& line) {
 }
 
 Json DriveSession::catalogue(const Fields& line) {
-    const auto entry = toolbar();
-    if (!entry) line.refuse("do", "there is no document with a toolbar plug-in");
+    const auto entry = toolbarFor(line);
     const Value row = line.integer("row");
-    const auto count = static_cast<std::int64_t>(entry->perform("dashboardsArray").asArray().size());
-    if (row.asInteger() < 0 || row.asInteger() >= count) line.refuse("row", "lies outside the catalogue");
+    requireRow(line, "row", row);
     const auto made = entry->perform("dashboardForRow:", {&row, 1}).as<ZORPlugIn>();
-    if (made) {
-        document_->siteWindowController()->addPlugIn(made, true);
-        showSelected();
-    }
+    if (made) document_->siteWindowController()->addPlugIn(made, true);
     return {{"dashboard", made != nullptr}};
 }
 
 Json DriveSession::dashboards(const Fields& line) {
     if (!document_) line.refuse("do", "there is no document");
-    const auto separateWindows = document_->windowControllers();
     const auto current = dashboard();
     Json list = Json::array();
     for (const auto& each : listedDashboards(*document_)) {
-        const bool separate = std::ranges::any_of(
-            separateWindows, [&](const auto& controller) {
-                return controller != document_->siteWindowController() && controller->contentViewController() == each;
-            });
         list.push_back({{"uniqueIdentifier", each->uniqueIdentifier()},
                         {"title", each->title() ? Json(*each->title()) : Json()},
                         {"selected", each == current},
-                        {"separateWindow", separate}});
+                        {"separateWindow", document_->isInSeparateWindow(*each)}});
     }
     return {{"dashboards", std::move(list)}};
 }
 
 Json DriveSession::select(const Fields& line) {
-    if (!document_) line.refuse("do", "there is no document");
-    const std::int64_t index = line.integer("index");
-    if (index < 0 || index >= static_cast<std::int64_t>(listedDashboards(*document_).size())) {
-        line.refuse("index", "there is no dashboard with that number");
-    }
-    document_->siteWindowController()->selectPlugInAtIndex(index);
+    const auto index = listIndex(line);
+    document_->siteWindowController()->selectPlugInAtIndex(static_cast<std::int64_t>(index));
     showSelected();
     return Json::object();
+}
+
+Json DriveSession::detach(const Fields& line) {
+    const auto index = listIndex(line);
+    document_->showInSeparateWindow(listedDashboards(*document_)[index]);
+    return Json::object();
+}
+
+Json DriveSession::remove(const Fields& line) {
+    const auto index = listIndex(line);
+    document_->siteWindowController()->removePlugInAtIndex(index);
+    return Json::object();
+}
+
+std::size_t DriveSession::listIndex(const Fields& line) const {
+    if (!document_) line.refuse("do", "there is no document");
+    const std::int64_t index = line.integer("index");
+    if (index < 0 || std::cmp_greater_equal(index, listedDashboards(*document_).size())) {
+        line.refuse("index", "there is no dashboard with that number");
+    }
+    return static_cast<std::size_t>(index);
 }
 
 Json DriveSession::roundtrip(const Fields& line) {
@@ -187,6 +194,8 @@ void DriveSession::adopt(std::shared_ptr<SiteDocument> document) {
     if (document_) document_->close();
     document_ = std::move(document);
     document_->siteWindowController()->setPlugInFrame(plugInFrame_);
+    // Loads the interface, so that the selection window can be asked before it is shown.
+    for (const auto& entry : document_->entryPlugIns()) entry->view();
 }
 
 void DriveSession::setViewport(Point viewOrigin, Size viewport) {

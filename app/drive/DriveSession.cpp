@@ -18,6 +18,8 @@ const std::map<std::string, DriveSession::Handler, std::less<>>& DriveSession::h
     using S = DriveSession;
     static const std::map<std::string, Handler, std::less<>> all{
         {"new", &S::newDocument},   {"catalogue", &S::catalogue},   {"dashboards", &S::dashboards},
+        {"detach", &S::detach},     {"remove", &S::remove},         {"toolbar", &S::performOnToolbar},
+        {"row", &S::clickRow},      {"web", &S::web},               {"advertise", &S::advertise},
         {"select", &S::select},     {"roundtrip", &S::roundtrip},   {"save", &S::save},
         {"open", &S::open},         {"png", &S::writePng},          {"pdf", &S::writePdf},
         {"press", &S::press},       {"drag", &S::drag},             {"release", &S::release},
@@ -49,9 +51,11 @@ Json DriveSession::carryOut(const Json& line) {
     const std::string name = fields.string("do");
     const auto handler = handlers().find(name);
     if (handler == handlers().end()) fields.refuse("do", "there is no line \"" + name + "\"");
+    const auto before = dashboard();
     const Json extra = (this->*handler->second)(fields);
     toolkit_.endSheets();
     MainQueue::shared().run();
+    if (dashboard() != before) showSelected();
     lookOverCanvas();
 
     Json result{{"ok", true}, {"menu", toolkit_.takeMenu()}, {"sheets", toolkit_.takeSheets()}, {"log", log_}};
@@ -85,7 +89,10 @@ std::shared_ptr<ZORPlugIn> DriveSession::toolbar() const {
 }
 
 Window* DriveSession::window() const {
-    return document_ ? document_->siteWindowController()->window().get() : nullptr;
+    if (!document_) return nullptr;
+    const auto shown = dashboard();
+    const auto around = shown ? shown->view()->window() : nullptr;
+    return around ? around : document_->siteWindowController()->window().get();
 }
 
 void DriveSession::lookOverCanvas() {

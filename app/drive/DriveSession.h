@@ -34,11 +34,23 @@ private:
     Json catalogue(const Fields& line);
     Json dashboards(const Fields& line);
     Json select(const Fields& line);
+    Json detach(const Fields& line);
+    Json remove(const Fields& line);
     Json roundtrip(const Fields& line);
     Json save(const Fields& line);
     Json open(const Fields& line);
     Json writePng(const Fields& line);
     Json writePdf(const Fields& line);
+
+    // The toolbar plug-in, its window and its web service (DriveToolbar.cpp)
+    Json performOnToolbar(const Fields& line);
+    Json clickRow(const Fields& line);
+    Json web(const Fields& line);
+    Json advertise(const Fields& line);
+    Json selectionWindowState() const;
+    std::shared_ptr<ZORPlugIn> toolbarFor(const Fields& line) const;
+    /// Refuses a row that the catalogue does not have.
+    void requireRow(const Fields& line, const char* key, const Value& row) const;
 
     // Events and commands (DriveEvents.cpp)
     Json press(const Fields& line);
@@ -71,6 +83,9 @@ private:
     std::shared_ptr<ZORImageView> canvasOf(const std::shared_ptr<ZORPlugIn>& dashboard) const;
     std::shared_ptr<ZORImageView> canvasFor(const Fields& line) const;
     std::shared_ptr<ZORPlugIn> toolbar() const;
+    /// The number of a dashboard of the list.
+    std::size_t listIndex(const Fields& line) const;
+    /// The one that shows the current dashboard: the site window, or a separate one.
     Window* window() const;
     void adopt(std::shared_ptr<SiteDocument> document);
     /// Shows the dashboard that is selected now from the start: nobody has the keyboard, no button is down.
@@ -81,7 +96,6 @@ private:
     Json idOf(const ZORWidgetHostView& widget) const;
     Json widgetState(const ZORWidgetHostView& widget) const;
     Json panelState(const ObjectPtr& dashboard) const;
-    Json selectionWindowState() const;
     Json writePicture(const Fields& line, const Value& data);
 
     const PlugInLibrary& plugIns_;

@@ -121,22 +121,6 @@ Json DriveSession::panelState(const ObjectPtr& current) const {
             {"frame", jsonFrom(window->frame())}};
 }
 
-Json DriveSession::selectionWindowState() const {
-    const auto entry = toolbar();
-    const Value catalogue = entry ? entry->perform("dashboardsArray") : Value();
-    const auto& rows = catalogue.asArray();
-    const auto table = entry ? entry->valueForKey("tableView").as<TableView>() : nullptr;
-    const std::int64_t row = table ? table->selectedRow() : 0;
-    const Value chosen = row >= 0 && row < static_cast<std::int64_t>(rows.size()) ? rows[row] : Value();
-    const auto sheet = entry ? entry->valueForKey("configurationWindow").as<Window>() : nullptr;
-    const auto page2 = entry ? entry->valueForKey("page2").as<View>() : nullptr;
-    return {{"visible", sheet && sheet->isVisible()},
-            {"page", page2 && page2->superview() ? 2 : 1},
-            {"row", row},
-            {"description", chosen["description"].asString()},
-            {"dashboardTitle", chosen["title"].asString()}};
-}
-
 Json DriveSession::state(const Fields&) {
     lookOverCanvas();
     const auto current = dashboard();

@@ -120,6 +120,44 @@ bool SiteDocument::isInSeparateWindow(const ZORPlugIn& plugIn) const {
         separateWindows_, [&](const auto& controller) { return controller->contentViewController().get() == &plugIn; });
 }
 
+std::shared_ptr<WindowController> SiteDocument::showInSeparateWindow(const std::shared_ptr<ZORPlugIn>& plugIn) {
+    if (!plugIn) return {};
+    const auto known = std::ranges::find(separateWindows_, plugIn, &WindowController::contentViewController);
+    if (known != separateWindows_.end()) {
+        ask((*known)->window(), [](Window& window) { window.show(); });
+        return *known;
+    }
+    const auto window = std::make_shared<Window>();
+    auto controller = std::make_shared<WindowController>(window);
+    controller->setContentViewController(plugIn);
+    addWindowController(controller);
+    titleChanged(*plugIn);
+    plugIn->view()->setFrame(siteWindowController_->plugInFrame());
+    window->setContentViewController(plugIn, plugIn->view());
+    std::weak_ptr<Object> weakSelf = weak_from_this();
+    window->setCloseObserver([weakSelf, closed = controller.get()] {
+        if (const auto self = std::static_pointer_cast<SiteDocument>(weakSelf.lock())) {
+            self->separateWindowClosed(closed);
+        }
+    });
+    window->show();
+    return controller;
+}
+
+void SiteDocument::separateWindowClosed(const WindowController* controller) {
+    removeWindowController(controller);
+    // The site window may show the view again.
+    if (!closed_) siteWindowController_->selectPlugInAtIndex(siteWindowController_->selectedIndex());
+}
+
+void SiteDocument::titleChanged(const ZORPlugIn& plugIn) {
+    for (const auto& controller : separateWindows_) {
+        if (controller->contentViewController().get() != &plugIn) continue;
+        ask(controller->window(),
+            [&](Window& window) { window.setTitle(SiteWindowController::shownTitle(plugIn)); });
+    }
+}
+
 void SiteDocument::setDirty(bool dirty) {
     if (std::exchange(dirty_, dirty) == dirty) return;
     const auto observer = dirtyObserver_;

@@ -41,6 +41,11 @@ public:
     /// A plug-in that was only in that window is told willUnload.
     void removeWindowController(const WindowController* controller);
     bool isInSeparateWindow(const ZORPlugIn& plugIn) const;
+    /// Shows the plug-in in a window of its own, which has its title; the site window keeps it in the list and shows it
+    /// again when that window is closed. A plug-in that has such a window already keeps it.
+    std::shared_ptr<WindowController> showInSeparateWindow(const std::shared_ptr<ZORPlugIn>& plugIn);
+    /// From a plug-in: its separate windows follow.
+    void titleChanged(const ZORPlugIn& plugIn);
     /// One per bundle.
     const std::vector<std::shared_ptr<ZORPlugIn>>& entryPlugIns() const { return entryPlugIns_; }
 
@@ -58,6 +63,7 @@ private:
     void adopt(const std::shared_ptr<Agent>& agent, const std::shared_ptr<SiteWindowController>& controller);
     void addEntryPlugIns(const std::vector<std::shared_ptr<Bundle>>& bundles);
     bool isInList(const ZORPlugIn& plugIn) const;
+    void separateWindowClosed(const WindowController* controller);
 
     std::shared_ptr<Agent> agent_;
     std::shared_ptr<SiteWindowController> siteWindowController_;

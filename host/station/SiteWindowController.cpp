@@ -13,10 +13,6 @@ namespace {
 
 constexpr Rect initialWindowFrame = {0, 0, 1400, 1000};
 
-std::string shownTitle(const ZORPlugIn& plugIn) {
-    return plugIn.title().value_or("Untitled");
-}
-
 /// "Weather" for "Weather 3", whose number was given to make it unique.
 std::string_view withoutNumber(std::string_view title) {
     const auto stem = title.find_last_not_of("0123456789");
@@ -127,8 +123,9 @@ void SiteWindowController::selectPlugInAtIndex(std::int64_t index) {
 
 void SiteWindowController::setPlugInFrame(const Rect& frame) {
     plugInFrame_ = frame;
-    window()->contentView()->setFrame({0, 0, frame.maxX(), frame.maxY()});
-    if (shown_) shown_->view()->setFrame(frame);
+    const auto& content = window()->contentView();
+    content->setFrame({0, 0, frame.maxX(), frame.maxY()});
+    if (shown_ && shown_->view()->superview() == content.get()) shown_->view()->setFrame(frame);
 }
 
 void SiteWindowController::notifyChanged() {
@@ -139,6 +136,11 @@ void SiteWindowController::notifyChanged() {
 
 void SiteWindowController::titleChanged(const ZORPlugIn& plugIn) {
     if (indexOf(&plugIn) < plugIns_.size()) notifyChanged();
+    ask(document(), [&](SiteDocument& owner) { owner.titleChanged(plugIn); });
+}
+
+std::string SiteWindowController::shownTitle(const ZORPlugIn& plugIn) {
+    return plugIn.title().value_or("Untitled");
 }
 
 std::size_t SiteWindowController::indexOf(const ZORPlugIn* plugIn) const {
@@ -183,8 +185,12 @@ void SiteWindowController::showPlugIn(const std::shared_ptr<ZORPlugIn>& plugIn) 
     window()->makeFirstResponder({});
     if (!plugIn) return;
     shown_ = plugIn;
-    plugIn->view()->setFrame(plugInFrame_);
-    content->addSubview(plugIn->view());
+    // A view is in one window only, and the separate one keeps it.
+    const bool isElsewhere = ask(document(), [&](SiteDocument& owner) { return owner.isInSeparateWindow(*plugIn); });
+    if (!isElsewhere) {
+        plugIn->view()->setFrame(plugInFrame_);
+        content->addSubview(plugIn->view());
+    }
     plugIn->viewWillAppear();
 }
 

@@ -75,8 +75,10 @@ public:
     void setObserver(std::function<void()> observer) { observer_ = std::move(observer); }
     /// The list or a title changed: the document is to be saved.
     void notifyChanged();
-    /// From a plug-in; nothing where it is not in the list.
+    /// From a plug-in; the list follows where it is there.
     void titleChanged(const ZORPlugIn& plugIn);
+    /// The title in the list and of separate windows: "Untitled" where the plug-in has none.
+    static std::string shownTitle(const ZORPlugIn& plugIn);
 
 private:
     using Snapshot = std::vector<PlugInListEntry>;

@@ -6,7 +6,9 @@
 #include "host/foundation/Bundle.h"
 #include "host/foundation/ClassBuilder.h"
 #include "host/foundation/Coder.h"
+#include "host/foundation/Log.h"
 #include "host/station/SiteWindowController.h"
+#include "host/views/Toolkit.h"
 #include "host/views/Window.h"
 
 namespace zor {
@@ -80,9 +82,23 @@ std::shared_ptr<View> ZORPlugIn::view() {
     if (!view_) {
         view_ = std::make_shared<View>(initialViewFrame);
         view_->setNextResponder(sharedAs<ZORPlugIn>());
+        loadInterface();
         awakeFromNib();
     }
     return view_;
+}
+
+void ZORPlugIn::loadInterface() {
+    const std::string name = interfaceName();
+    const auto resources = name.empty() ? nullptr : bundle();
+    const auto file = ask(resources, [&](const Bundle& files) { return files.pathForResource(name, "ui"); });
+    if (!file) return;
+    auto loaded = Toolkit::current().loadInterface(*file, shared_from_this());
+    if (loaded) {
+        interface_ = std::move(*loaded);
+    } else {
+        logLine(loaded.error().message);
+    }
 }
 
 Responder* ZORPlugIn::nextResponder() const {

@@ -36,10 +36,13 @@ public:
     std::int64_t bundleVersion() const;
     std::shared_ptr<Bundle> bundle() const;
 
-    /// Made and awakened at the first call.
+    /// Made with the rest of the interface and awakened at the first call.
     std::shared_ptr<View> view();
     bool isViewLoaded() const { return view_ != nullptr; }
-    /// Called once, when the view has been made.
+    /// A file of the type "ui" among the bundle's resources whose objects become the plug-in's outlets and live as long
+    /// as it does; empty for none. A file that is missing leaves the outlets empty.
+    virtual std::string interfaceName() const { return {}; }
+    /// Called once, when the interface has been loaded and the view made.
     virtual void awakeFromNib() {}
 
     virtual void didLoad() {}
@@ -85,11 +88,14 @@ protected:
                                            const std::shared_ptr<SiteWindowController>& siteWindowController);
 
 private:
+    void loadInterface();
+
     std::shared_ptr<Agent> agent_;
     std::weak_ptr<SiteWindowController> siteWindowController_;
     std::optional<std::string> title_;
     std::string uniqueIdentifier_;
     std::shared_ptr<View> view_;
+    ObjectPtr interface_;
 };
 
 }  // namespace zor

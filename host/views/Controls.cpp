@@ -1,16 +1,35 @@
 #include "host/views/Controls.h"
 
-#include <array>
-
 #include "host/foundation/ClassBuilder.h"
-#include "host/views/DrawingContext.h"
+#include "host/views/TextLines.h"
 
 namespace zor {
 
+namespace {
+
+constexpr double textInset = 4;
+constexpr double buttonRadius = 6;
+constexpr double buttonFontSize = 13;
+const Color buttonFace = Color::white(), buttonEdge = Color::rgb(0xC4C8CF), buttonText = Color::rgb(0x1E2229);
+const Color defaultFace = Color::rgb(0x2F6FDE), defaultEdge = Color::rgb(0x2459B8);
+constexpr double pressedShade = 0.18;
+
+}  // namespace
+
+void ControlAction::perform(const ObjectPtr& sender) const {
+    const auto object = target.lock();
+    if (object && object->respondsTo(name)) object->performWithSender(name, sender);
+}
+
 const ClassRecord& TextField::staticClass() {
-    static const ClassRecord& record = ClassBuilder<TextField>("TextField", &View::staticClass())
-                                           .property("stringValue", &TextField::stringValue, &TextField::setStringValue)
-                                           .registered();
+    static const ClassRecord& record =
+        ClassBuilder<TextField>("TextField", &View::staticClass())
+            .property("stringValue", &TextField::stringValue, &TextField::setStringValue)
+            .property("font", &TextField::font, &TextField::setFont)
+            .property("textColor", &TextField::textColor, &TextField::setTextColor)
+            .property("backgroundColor", &TextField::backgroundColor, &TextField::setBackgroundColor)
+            .property("wraps", &TextField::wraps, &TextField::setWraps)
+            .registered();
     return record;
 }
 
@@ -20,51 +39,88 @@ void TextField::setStringValue(std::string text) {
     setNeedsDisplay(true);
 }
 
-void TextField::drawRect(DrawingContext& context, const Rect&) {
-    context.fillRect(bounds(), Color::white());
-    context.drawText(text_, insetRect(bounds(), 4, 0), Font{.size = 13}, Color::black(), TextAlignment::left,
-                     VerticalAlignment::center);
+void TextField::setFont(Font font) {
+    font_ = std::move(font);
+    setNeedsDisplay(true);
 }
 
-const ClassRecord& TableView::staticClass() {
-    static const ClassRecord& record = ClassBuilder<TableView>("TableView", &View::staticClass())
-                                           .property("rows", &TableView::rows, &TableView::setRows)
-                                           .property("selectedRow", &TableView::selectedRow, &TableView::selectRow)
-                                           .property("delegate", &TableView::delegate, &TableView::setDelegate)
+void TextField::setTextColor(Color color) {
+    textColor_ = color;
+    setNeedsDisplay(true);
+}
+
+void TextField::setBackgroundColor(Color color) {
+    backgroundColor_ = color;
+    setNeedsDisplay(true);
+}
+
+void TextField::setAlignment(TextAlignment alignment) {
+    alignment_ = alignment;
+    setNeedsDisplay(true);
+}
+
+void TextField::setWraps(bool wraps) {
+    wraps_ = wraps;
+    setNeedsDisplay(true);
+}
+
+void TextField::drawRect(DrawingContext& context, const Rect&) {
+    if (backgroundColor_.alpha > 0) context.fillRect(bounds(), backgroundColor_);
+    const Rect area = insetRect(bounds(), textInset, 0);
+    if (wraps_) {
+        context.drawText(textBrokenToWidth(text_, font_, area.width), area, font_, textColor_, alignment_,
+                         VerticalAlignment::top);
+    } else {
+        context.drawText(text_, area, font_, textColor_, alignment_, VerticalAlignment::center);
+    }
+}
+
+const ClassRecord& Button::staticClass() {
+    static const ClassRecord& record = ClassBuilder<Button>("Button", &View::staticClass())
+                                           .property("title", &Button::title, &Button::setTitle)
+                                           .action("click", &Button::click)
                                            .registered();
     return record;
 }
 
-void TableView::setRows(std::vector<std::string> rows) {
-    rows_ = std::move(rows);
-    if (!hasRow(selectedRow_)) selectedRow_ = -1;
-    changed();
-}
-
-void TableView::selectRow(std::int64_t row) {
-    selectedRow_ = hasRow(row) ? row : -1;
-    changed();
-}
-
-bool TableView::clickRow(std::int64_t row) {
-    if (!hasRow(row)) return false;
-    const auto self = sharedAs<TableView>();
-    const auto asked = delegate();
-    if (asked && asked->respondsTo("tableView:shouldSelectRow:")) {
-        const std::array<Value, 2> arguments{Value(self), Value(row)};
-        if (!asked->perform("tableView:shouldSelectRow:", arguments).asBool()) return false;
-    }
-    selectRow(row);
-    return true;
-}
-
-bool TableView::hasRow(std::int64_t row) const {
-    return row >= 0 && std::cmp_less(row, rows_.size());
-}
-
-void TableView::changed() {
+void Button::setTitle(std::string title) {
+    title_ = std::move(title);
     setNeedsDisplay(true);
-    if (observer_) observer_();
+}
+
+void Button::setKeyEquivalent(std::u16string characters) {
+    keyEquivalent_ = std::move(characters);
+    setNeedsDisplay(true);
+}
+
+void Button::setPressed(const EventPtr& event) {
+    const bool inside = event && pointInRect(convertPointFromView(event->locationInWindow(), nullptr), bounds());
+    if (std::exchange(pressed_, inside) != inside) setNeedsDisplay(true);
+}
+
+void Button::mouseDown(const EventPtr& event) {
+    setPressed(event);
+}
+
+void Button::mouseDragged(const EventPtr& event) {
+    setPressed(event);
+}
+
+void Button::mouseUp(const EventPtr& event) {
+    setPressed(event);
+    if (!pressed_) return;
+    setPressed({});
+    click();
+}
+
+void Button::drawRect(DrawingContext& context, const Rect&) {
+    const bool isDefault = keyEquivalent_ == returnKey;
+    const Path outline = Path::roundedRect(insetRect(bounds(), 0.5, 0.5), buttonRadius);
+    const Color face = isDefault ? defaultFace : buttonFace;
+    context.fillPath(outline, pressed_ ? face.mixedWith(Color::black(), pressedShade) : face);
+    context.strokePath(outline, {.color = isDefault ? defaultEdge : buttonEdge});
+    context.drawText(title_, bounds(), Font{.size = buttonFontSize, .bold = isDefault},
+                     isDefault ? Color::white() : buttonText, TextAlignment::center, VerticalAlignment::center);
 }
 
 }  // namespace zor

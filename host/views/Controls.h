@@ -1,16 +1,28 @@
 #pragma once
-// Controls that a toolkit shows natively over their views; here is what they mean.
+// Controls of windows and forms: what they mean and how they look.
 
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "host/foundation/Color.h"
+#include "host/foundation/Font.h"
+#include "host/views/DrawingContext.h"
 #include "host/views/View.h"
 
 namespace zor {
 
-/// One line of text that the person cannot edit.
+/// What a control does when it is used: an action of an object that it does not own, with the control as the sender.
+struct ControlAction {
+    std::weak_ptr<Object> target;
+    std::string name;
+
+    /// Nothing where the target is gone or declares no such action.
+    void perform(const ObjectPtr& sender) const;
+};
+
+/// Text that the person cannot edit.
 class TextField : public View {
 public:
     static const ClassRecord& staticClass();
@@ -19,10 +31,59 @@ public:
 
     std::string stringValue() const { return text_; }
     void setStringValue(std::string text);
+    const Font& font() const { return font_; }
+    void setFont(Font font);
+    Color textColor() const { return textColor_; }
+    void setTextColor(Color color);
+    /// Behind the text; white at first.
+    Color backgroundColor() const { return backgroundColor_; }
+    void setBackgroundColor(Color color);
+    TextAlignment alignment() const { return alignment_; }
+    void setAlignment(TextAlignment alignment);
+    /// From the top down, with lines broken to the width; otherwise one line in the middle of the height.
+    bool wraps() const { return wraps_; }
+    void setWraps(bool wraps);
     void drawRect(DrawingContext& context, const Rect& dirty) override;
 
 private:
     std::string text_;
+    Font font_{.size = 13};
+    Color textColor_ = Color::black();
+    Color backgroundColor_ = Color::white();
+    TextAlignment alignment_ = TextAlignment::left;
+    bool wraps_ = false;
+};
+
+/// A push button. It acts when the press is released inside it, or by its key.
+class Button : public View {
+public:
+    static const ClassRecord& staticClass();
+    const ClassRecord& classRecord() const override { return staticClass(); }
+    using View::View;
+
+    std::string title() const { return title_; }
+    void setTitle(std::string title);
+    void setAction(ControlAction action) { action_ = std::move(action); }
+    /// The characters that click it from anywhere in its window, unless what has the keyboard takes them; may be empty.
+    const std::u16string& keyEquivalent() const { return keyEquivalent_; }
+    void setKeyEquivalent(std::u16string characters);
+    void click() { action_.perform(shared_from_this()); }
+
+    void mouseDown(const EventPtr& event) override;
+    void mouseDragged(const EventPtr& event) override;
+    void mouseUp(const EventPtr& event) override;
+    void drawRect(DrawingContext& context, const Rect& dirty) override;
+
+    static constexpr std::u16string_view returnKey = u"\r";
+    static constexpr std::u16string_view escapeKey = u"\x1b";
+
+private:
+    void setPressed(const EventPtr& event);
+
+    std::string title_;
+    ControlAction action_;
+    std::u16string keyEquivalent_;
+    bool pressed_ = false;
 };
 
 /// A list with one column. Its delegate is asked by "tableView:shouldSelectRow:".
@@ -44,6 +105,20 @@ public:
     bool clickRow(std::int64_t row);
     /// Told after rows or selection were set.
     void setObserver(std::function<void()> observer) { observer_ = std::move(observer); }
+    /// Told after rows or selection were set, with the list as the sender.
+    void addSelectionAction(ControlAction action) { selectionActions_.push_back(std::move(action)); }
+    /// What the second click on a row does.
+    void setDoubleAction(ControlAction action) { doubleAction_ = std::move(action); }
+
+    /// Own coordinates.
+    Rect rectOfRow(std::int64_t row) const;
+    bool acceptsFirstResponder() const override { return true; }
+    /// Takes the keyboard of a window in which nobody has it.
+    void viewDidMoveToWindow() override;
+    void mouseDown(const EventPtr& event) override;
+    /// The arrows move the selection; other keys are passed on.
+    void keyDown(const EventPtr& event) override;
+    void drawRect(DrawingContext& context, const Rect& dirty) override;
 
 private:
     bool hasRow(std::int64_t row) const;
@@ -53,6 +128,8 @@ private:
     std::weak_ptr<Object> delegate_;
     std::int64_t selectedRow_ = -1;
     std::function<void()> observer_;
+    std::vector<ControlAction> selectionActions_;
+    ControlAction doubleAction_;
 };
 
 }  // namespace zor

@@ -15,6 +15,7 @@ void registerViewsClasses() {
     View::staticClass();
     ScrollView::staticClass();
     TextField::staticClass();
+    Button::staticClass();
     TableView::staticClass();
     Window::staticClass();
     Menu::staticClass();

@@ -1,9 +1,24 @@
 #include "host/views/Window.h"
 
 #include "host/foundation/ClassBuilder.h"
+#include "host/views/Controls.h"
 #include "host/views/Toolkit.h"
 
 namespace zor {
+
+namespace {
+
+std::shared_ptr<Button> buttonForKey(const View& view, const std::u16string& characters) {
+    for (const auto& child : view.subviews()) {
+        if (child->isHidden()) continue;
+        const auto button = std::dynamic_pointer_cast<Button>(child);
+        if (button && button->keyEquivalent() == characters) return button;
+        if (auto found = buttonForKey(*child, characters)) return found;
+    }
+    return {};
+}
+
+}  // namespace
 
 const ClassRecord& Window::staticClass() {
     static const ClassRecord& record = ClassBuilder<Window>("Window", &Responder::staticClass())
@@ -55,6 +70,8 @@ void Window::close() {
     if (!visible_) return;
     visible_ = false;
     if (peer_) peer_->hide();
+    const auto observer = closeObserver_;
+    if (observer) observer();
 }
 
 void Window::setContentView(const std::shared_ptr<View>& view) {
@@ -127,6 +144,11 @@ void Window::sendEvent(const EventPtr& event) {
         case EventType::scrollWheel:
             return deliver(at(), &Responder::scrollWheel);
     }
+}
+
+void Window::keyDown(const EventPtr& event) {
+    if (!contentView_ || event->characters().empty()) return;
+    if (const auto button = buttonForKey(*contentView_, event->characters())) button->click();
 }
 
 void Window::beginSheet(const std::shared_ptr<Window>& sheet, std::function<void(int)> completion) {

@@ -47,6 +47,8 @@ public:
     /// Ends its sheet with code 0.
     void close();
     void orderOut() { close(); }
+    /// Told after the window was closed; it may let go of the window.
+    void setCloseObserver(std::function<void()> observer) { closeObserver_ = std::move(observer); }
 
     const std::shared_ptr<View>& contentView() const { return contentView_; }
     /// Takes the view out of where it was. It has no controller then.
@@ -79,7 +81,8 @@ public:
     void viewLeaves(const View& view);
 
     void mouseDown(const EventPtr&) override {}
-    void keyDown(const EventPtr&) override {}
+    /// What nobody has taken clicks the button of its content that has the key.
+    void keyDown(const EventPtr& event) override;
 
 private:
     void placeContent(std::shared_ptr<View> view, std::shared_ptr<Responder> controller);
@@ -97,6 +100,7 @@ private:
     bool pressAwaitsRelease_ = false;
     std::shared_ptr<Window> sheet_;
     std::function<void(int)> sheetCompletion_;
+    std::function<void()> closeObserver_;
 };
 
 }  // namespace zor

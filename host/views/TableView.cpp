@@ -1,0 +1,105 @@
+#include <array>
+
+#include "host/foundation/ClassBuilder.h"
+#include "host/views/Controls.h"
+#include "host/views/Window.h"
+
+namespace zor {
+
+namespace {
+
+constexpr double rowHeight = 40;
+constexpr double listInset = 6;
+constexpr double rowRadius = 6;
+constexpr double titleInset = 12;
+constexpr double listRadius = 8;
+const Color listFace = Color::white(), listEdge = Color::rgb(0xD5D8DE), rowText = Color::rgb(0x1E2229);
+const Color selectedFace = Color::rgb(0x2F6FDE);
+
+}  // namespace
+
+const ClassRecord& TableView::staticClass() {
+    static const ClassRecord& record = ClassBuilder<TableView>("TableView", &View::staticClass())
+                                           .property("rows", &TableView::rows, &TableView::setRows)
+                                           .property("selectedRow", &TableView::selectedRow, &TableView::selectRow)
+                                           .property("delegate", &TableView::delegate, &TableView::setDelegate)
+                                           .registered();
+    return record;
+}
+
+void TableView::setRows(std::vector<std::string> rows) {
+    rows_ = std::move(rows);
+    if (!hasRow(selectedRow_)) selectedRow_ = -1;
+    changed();
+}
+
+void TableView::selectRow(std::int64_t row) {
+    selectedRow_ = hasRow(row) ? row : -1;
+    changed();
+}
+
+bool TableView::clickRow(std::int64_t row) {
+    if (!hasRow(row)) return false;
+    const auto self = sharedAs<TableView>();
+    const auto asked = delegate();
+    if (asked && asked->respondsTo("tableView:shouldSelectRow:")) {
+        const std::array<Value, 2> arguments{Value(self), Value(row)};
+        if (!asked->perform("tableView:shouldSelectRow:", arguments).asBool()) return false;
+    }
+    selectRow(row);
+    return true;
+}
+
+bool TableView::hasRow(std::int64_t row) const {
+    return row >= 0 && std::cmp_less(row, rows_.size());
+}
+
+void TableView::changed() {
+    setNeedsDisplay(true);
+    if (observer_) observer_();
+    for (const auto& action : selectionActions_) action.perform(weak_from_this().lock());
+}
+
+Rect TableView::rectOfRow(std::int64_t row) const {
+    return {listInset, listInset + rowHeight * static_cast<double>(row), frame().width - 2 * listInset, rowHeight};
+}
+
+void TableView::viewDidMoveToWindow() {
+    Window* const shownIn = window();
+    if (shownIn && shownIn->firstResponder() == shownIn) shownIn->makeFirstResponder(sharedAs<TableView>());
+}
+
+void TableView::mouseDown(const EventPtr& event) {
+    const auto alive = shared_from_this();
+    const Point place = convertPointFromView(event->locationInWindow(), nullptr);
+    for (std::int64_t row = 0; hasRow(row); ++row) {
+        if (!pointInRect(place, rectOfRow(row))) continue;
+        if (clickRow(row) && event->clickCount() == 2) doubleAction_.perform(alive);
+        return;
+    }
+}
+
+void TableView::keyDown(const EventPtr& event) {
+    if (event->keyCode() == upArrowKeyCode) {
+        clickRow(selectedRow_ - 1);
+    } else if (event->keyCode() == downArrowKeyCode) {
+        clickRow(selectedRow_ + 1);
+    } else {
+        View::keyDown(event);
+    }
+}
+
+void TableView::drawRect(DrawingContext& context, const Rect&) {
+    const Path outline = Path::roundedRect(insetRect(bounds(), 0.5, 0.5), listRadius);
+    context.fillPath(outline, listFace);
+    context.strokePath(outline, {.color = listEdge});
+    for (std::int64_t row = 0; hasRow(row); ++row) {
+        const Rect place = rectOfRow(row);
+        const bool selected = row == selectedRow_;
+        if (selected) context.fillPath(Path::roundedRect(place, rowRadius), selectedFace);
+        context.drawText(rows_[static_cast<std::size_t>(row)], insetRect(place, titleInset, 0), Font{.size = 14},
+                         selected ? Color::white() : rowText, TextAlignment::left, VerticalAlignment::center);
+    }
+}
+
+}  // namespace zor
