@@ -152,10 +152,14 @@ TEST_F(MousePress, OfUnselectedOnesTheTopmostIsHit) {
 TEST_F(MousePress, AnOpenPanelFollowsASoleNewSelection) {
     dashboard->selectObject(b);
     dashboard->showPropertyPanel();
+    int reloads = 0;
+    dashboard->propertyPanelController()->setObserver([&] { ++reloads; });
     press(onA);
     EXPECT_EQ(panelTarget(), a->targetView());
+    EXPECT_EQ(reloads, 1);
     press(onC, shiftKeyMask);
     EXPECT_EQ(panelTarget(), a->targetView());
+    EXPECT_EQ(reloads, 1);
 }
 
 TEST_F(MousePress, AClosedPanelStaysClosed) {
