@@ -11,6 +11,7 @@
 #include "qt/QtPrinting.h"
 #include "qt/QtWindowPeer.h"
 #include "qt/interface/InterfaceLoader.h"
+#include "qt/panel/QtPropertyPanelPeer.h"
 
 namespace zor {
 
@@ -40,6 +41,10 @@ Result<Size> QtToolkit::sizeOfImageData(const Bytes& data) {
 
 std::shared_ptr<WindowPeer> QtToolkit::makeWindowPeer(Window& window) {
     return std::make_shared<QtWindowPeer>(window);
+}
+
+std::shared_ptr<PropertyPanelPeer> QtToolkit::makePropertyPanelPeer(ZORPropertyPanelController& controller) {
+    return std::make_shared<QtPropertyPanelPeer>(controller);
 }
 
 std::shared_ptr<SavePanel> QtToolkit::makeSavePanel() {

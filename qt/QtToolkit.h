@@ -22,6 +22,7 @@ public:
     std::shared_ptr<const Bytes> pngOfDrawing(Size size, const Drawing& drawing) override;
     Result<Size> sizeOfImageData(const Bytes& data) override;
     std::shared_ptr<WindowPeer> makeWindowPeer(Window& window) override;
+    std::shared_ptr<PropertyPanelPeer> makePropertyPanelPeer(ZORPropertyPanelController& controller) override;
     std::shared_ptr<SavePanel> makeSavePanel() override;
     std::shared_ptr<OpenPanel> makeOpenPanel() override;
     std::shared_ptr<Alert> makeAlert() override;

@@ -9,6 +9,13 @@
 
 namespace zor {
 
+namespace {
+
+constexpr Qt::WindowFlags floatingFlags =
+    Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+
+}  // namespace
+
 /// Tells the peer what the person does to the window itself.
 class QtWindowPeer::OwnWidget : public ViewTreeWidget {
 public:
@@ -29,7 +36,7 @@ protected:
         if (shownWindow()) peer_.closedByPerson();
     }
     void keyPressEvent(QKeyEvent* event) override {
-        if (event->key() != Qt::Key_Escape) return ViewTreeWidget::keyPressEvent(event);
+        if (event->key() != Qt::Key_Escape || !peer_.floats()) return ViewTreeWidget::keyPressEvent(event);
         close();
     }
 
@@ -38,6 +45,10 @@ private:
 };
 
 QtWindowPeer::QtWindowPeer(Window& window) : window_(window), isEmbedded_(false) {}
+
+bool QtWindowPeer::floats() const {
+    return !window_.contentViewController();
+}
 
 QtWindowPeer::QtWindowPeer(Window& window, ViewTreeWidget& embedded)
     : window_(window), widget_(&embedded), isEmbedded_(true) {
@@ -64,9 +75,9 @@ ViewTreeWidget* QtWindowPeer::widgetOf(const Window* window) {
 ViewTreeWidget* QtWindowPeer::madeWidget() {
     if (widget_ || isEmbedded_) return widget_;
     widget_ = new OwnWidget(*this);
-    widget_->setWindowFlags(Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    widget_->setWindowFlags(floats() ? floatingFlags | Qt::Tool : Qt::WindowFlags(Qt::Window));
     // The keyboard stays with the window that is being worked in.
-    widget_->setAttribute(Qt::WA_ShowWithoutActivating);
+    widget_->setAttribute(Qt::WA_ShowWithoutActivating, floats());
     titleChanged();
     if (content_) {
         auto* layout = new QVBoxLayout(widget_);
@@ -86,7 +97,7 @@ ViewTreeWidget* QtWindowPeer::madeWidget() {
 void QtWindowPeer::show() {
     if (!madeWidget()) return;
     QWidget* top = widget_->window();
-    if (!isEmbedded_) {
+    if (!isEmbedded_ && floats()) {
         // Above the window in front, and closed with it.
         const QWidget* front = QApplication::activeWindow();
         top->winId();
@@ -137,7 +148,8 @@ void QtWindowPeer::beginSheet(Window& sheet) {
     peer->sheetParent_ = window_.weak_from_this();
     QWidget* dialog = peer->widget_->window();
     QWidget* parent = widget_->window();
-    dialog->setParent(parent, Qt::Dialog);
+    dialog->setParent(parent, floatingFlags | Qt::Dialog);
+    dialog->setFixedSize(dialog->size());
     dialog->move(parent->geometry().center() - dialog->rect().center());
     dialog->setWindowModality(Qt::WindowModal);
     dialog->setAttribute(Qt::WA_ShowWithoutActivating, false);

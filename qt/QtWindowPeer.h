@@ -7,7 +7,7 @@
 
 namespace zor {
 
-/// A window on Qt: a floating tool window of its own, or a widget that the application has put into a window of its.
+/// A window on Qt: a floating tool window of its own, a plain window for a plug-in, or a widget that the application has put into a window of its.
 /// A frame's size is that of the content, without title bar.
 class QtWindowPeer final : public WindowPeer {
 public:
@@ -40,6 +40,8 @@ private:
 
     /// None where the application's widget is gone.
     ViewTreeWidget* madeWidget();
+    /// Whether it is a panel or a sheet; what shows a plug-in is a window like any other.
+    bool floats() const;
     void frameMovedByPerson();
     void closedByPerson();
 

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/station/SiteDocument.h"
+
 namespace zor {
 
 QIcon iconFrom(const std::shared_ptr<Image>& image) {
@@ -86,6 +88,10 @@ void PlugInList::showMenu(const QPoint& position) {
             }
         }
     }
+    connect(menu.addAction(tr("Open in Own Window")), &QAction::triggered, this, [plugIn] {
+        const auto document = ask(plugIn->siteWindowController(), [](const auto& owner) { return owner.document(); });
+        if (document) document->showInSeparateWindow(plugIn);
+    });
     if (plugIn->isRenamable()) {
         auto* action = menu.addAction(tr("Rename"));
         action->setShortcut(QKeySequence(Qt::Key_F2));
