@@ -122,9 +122,7 @@ void DashboardMenus::showProperties() {
         return shown.valueForKey("propertyPanelController").as<ZORPropertyPanelController>();
     });
     QWidget* shown = panel ? QtWindowPeer::widgetOf(panel->window().get()) : nullptr;
-    if (!shown) return;
-    shown->activateWindow();
-    shown->setFocus();
+    if (shown) shown->activateWindow();
 }
 
 void DashboardMenus::refresh() {

@@ -47,7 +47,9 @@ SettingRow::SettingRow(const Setting& setting, const PanelContext& context, Arra
     } else {
         layout->addWidget(label);
     }
-    layout->addLayout(column, 1);
+    layout->addLayout(column, isBeside ? 1 : 0);
+    // Beside a row that tells a reason, the others stay at the top.
+    if (!isBeside) layout->addStretch();
     editor_->setReasonObserver([this](const QString& reason) { showReason(reason); });
 }
 

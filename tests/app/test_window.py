@@ -1,116 +1,13 @@
 #!/usr/bin/env python3
 """The window as a person uses it: real keys and clicks under a virtual display. STATION names the program."""
 
-import json
-import os
-import pathlib
-import shutil
 import subprocess
-import tempfile
-import time
 import unittest
 
-STATION = os.path.abspath(os.environ["STATION"])
-TOOLS = ("Xvfb", "openbox", "xdotool", "import", "compare")
+from window_support import STATION, WindowTestCase, wait_for
 
 
-def wait_for(question, what, seconds=30):
-    """Asks until the answer is yes: what a person sees takes its time."""
-    end = time.monotonic() + seconds
-    while time.monotonic() < end:
-        answer = question()
-        if answer:
-            return answer
-        time.sleep(0.1)
-    raise AssertionError("never happened: " + what)
-
-
-@unittest.skipUnless(all(shutil.which(tool) for tool in TOOLS), "needs " + ", ".join(TOOLS))
-class WindowTest(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        read, write = os.pipe()
-        cls.display_process = subprocess.Popen(
-            ["Xvfb", "-displayfd", str(write), "-screen", "0", "1500x1000x24", "-nolisten", "tcp", "-noreset"],
-            pass_fds=[write], stderr=subprocess.DEVNULL)
-        os.close(write)
-        with os.fdopen(read) as answer:
-            cls.display = ":" + answer.readline().strip()
-        cls.window_manager = subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL,
-                                              env={**os.environ, "DISPLAY": cls.display})
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.window_manager.terminate()
-        cls.window_manager.wait()
-        cls.display_process.terminate()
-        cls.display_process.wait()
-
-    def setUp(self):
-        self.folder = tempfile.TemporaryDirectory()
-        self.path = pathlib.Path(self.folder.name)
-        self.environment = {**os.environ, "HOME": self.folder.name, "XDG_DATA_HOME": str(self.path / "data"),
-                            "XDG_CONFIG_HOME": str(self.path / "config"), "DISPLAY": self.display, "TZ": "UTC",
-                            "XDG_RUNTIME_DIR": self.folder.name, "QT_QPA_PLATFORM": "xcb"}
-        self.program = None
-
-    def tearDown(self):
-        self.end()
-        self.folder.cleanup()
-
-    def end(self):
-        """Ends the program of before, if it still runs."""
-        if self.program:
-            if self.program.poll() is None:
-                self.program.kill()
-            self.program.communicate()
-        self.program = None
-
-    def open(self, *words):
-        self.end()
-        self.program = subprocess.Popen([STATION, "open", *map(str, words)], env=self.environment, cwd=self.path,
-                                        stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
-        self.window = self.window_titled(".")
-        self.xdotool("windowactivate", "--sync", self.window)
-
-    def xdotool(self, *words):
-        return subprocess.run(["xdotool", *words], env=self.environment, capture_output=True, text=True).stdout.strip()
-
-    def window_titled(self, pattern):
-        # Nothing else shows windows on this display.
-        found = wait_for(lambda: self.xdotool("search", "--onlyvisible", "--name", pattern),
-                         f"a window named {pattern}")
-        return found.splitlines()[-1]
-
-    def title(self):
-        return self.xdotool("getwindowname", self.window)
-
-    def key(self, *keys):
-        self.xdotool("key", "--clearmodifiers", *keys)
-
-    def click(self, x, y, button=1):
-        self.xdotool("mousemove", "--window", self.window, str(x), str(y), "click", str(button))
-
-    def picture(self, name, window=None):
-        file = self.path / (name + ".png")
-        subprocess.run(["import", "-window", window or self.window, file], env=self.environment, check=True)
-        return file
-
-    def differ(self, one, other):
-        run = subprocess.run(["compare", "-metric", "AE", "-fuzz", "5%", one, other, "null:"], capture_output=True,
-                             text=True)
-        return float(run.stderr.split()[0])
-
-    def make_site(self):
-        site = self.path / "home.site"
-        subprocess.run([STATION, "new", "--name", "Garden", "-o", site], env=self.environment, check=True)
-        return site
-
-    def titles_in(self, site):
-        run = subprocess.run([STATION, "inspect", site], env=self.environment, capture_output=True, text=True,
-                             check=True)
-        return [each["title"] for each in json.loads(run.stdout)["root"]["plugIns"]]
-
+class WindowTest(WindowTestCase):
     def test_demo_is_live(self):
         self.open("demo")
         self.assertIn("Demo Station", self.title())
