@@ -82,6 +82,7 @@ Runtime::~Runtime() {
 
 void Runtime::begin(std::unique_ptr<QCoreApplication> application, std::unique_ptr<Toolkit> toolkit) {
     application_ = std::move(application);
+    QCoreApplication::setOrganizationName("station");
     QCoreApplication::setApplicationName("station");
     Toolkit::install(std::move(toolkit));
     queueRunner_ = std::make_unique<MainQueueRunner>();

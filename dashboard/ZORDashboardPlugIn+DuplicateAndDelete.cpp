@@ -20,7 +20,7 @@ void ZORDashboardPlugIn::duplicateObject(const ObjectPtr&) {
 
 void ZORDashboardPlugIn::addAndSelect(const WidgetList& widgets) {
     editView_->addSubviews(widgets);
-    for (const auto& widget : widgets) selectObject(widget);
+    selectObjects(widgets);
     undoManager_->registerUndoWithTarget(shared_from_this(), [widgets](Object&) {
         for (const auto& widget : widgets) widget->removeFromSuperview();
     });

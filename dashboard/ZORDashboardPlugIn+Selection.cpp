@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <unordered_set>
 
 #include "dashboard/ZORDashboardPlugIn.h"
 
@@ -26,7 +27,19 @@ void ZORDashboardPlugIn::unselectAllObjects() {
 
 void ZORDashboardPlugIn::selectAllObjects() {
     if (!editView_) return;
-    for (auto& widget : editView_->widgets()) selectObject(sharedWidget(widget));
+    WidgetList all;
+    for (auto& widget : editView_->widgets()) all.push_back(sharedWidget(widget));
+    selectObjects(all);
+}
+
+void ZORDashboardPlugIn::selectObjects(const WidgetList& widgets) {
+    // Asking the list for each of thousands would be quadratic.
+    std::unordered_set<const ZORWidgetHostView*> listed;
+    for (const auto& widget : selectedObjects_) listed.insert(widget.get());
+    for (const auto& widget : widgets) {
+        widget->setSelected(true);
+        if (listed.insert(widget.get()).second) selectedObjects_.push_back(widget);
+    }
 }
 
 bool ZORDashboardPlugIn::isListed(const ZORWidgetHostView& widget) const {

@@ -185,6 +185,8 @@ private:
         return std::static_pointer_cast<ZORWidgetHostView>(widget.shared_from_this());
     }
     bool isListed(const ZORWidgetHostView& widget) const;
+    /// selectObject for each in turn, in time linear in their number.
+    void selectObjects(const WidgetList& widgets);
     Point canvasPoint(const EventPtr& event) const;
     Point relativeToPlugInView(Point point);
     void becomeFirstResponder();
