@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include "host/station/SiteDocument.h"
 #include "tests/support/FakeToolkit.h"
 
 namespace zor {
@@ -58,6 +59,34 @@ TEST_F(ZORPropertyPanelControllerTest, ShowsAndClosesItsWindow) {
     panel->close();
     EXPECT_FALSE(panel->isVisible());
     EXPECT_EQ(panel->valueForKey("visible"), Value(false));
+}
+
+TEST_F(ZORPropertyPanelControllerTest, AChangeOfTheTargetMakesTheDocumentOneToBeSaved) {
+    const auto document = SiteDocument::create(agent, {});
+    document->setDirty(false);
+    panel->noteChange();
+    EXPECT_TRUE(document->isDirty());
+    ZORPropertyPanelController::initWithAgent({}, {}, nullptr)->noteChange();
+}
+
+TEST_F(ZORPropertyPanelControllerTest, AsksTheToolkitForItsPeerAtTheFirstShowing) {
+    class PanelToolkit : public FakeToolkit {
+    public:
+        std::shared_ptr<PropertyPanelPeer> makePropertyPanelPeer(ZORPropertyPanelController&) override {
+            ++made;
+            return std::make_shared<PropertyPanelPeer>();
+        }
+        int made = 0;
+    };
+    auto installed = std::make_unique<PanelToolkit>();
+    auto& toolkit = *installed;
+    Toolkit::install(std::move(installed));
+    panel->reload();
+    EXPECT_EQ(toolkit.made, 0);
+    panel->showWindow();
+    panel->close();
+    panel->showWindow();
+    EXPECT_EQ(toolkit.made, 1);
 }
 
 }  // namespace
