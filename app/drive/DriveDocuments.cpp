@@ -1,3 +1,4 @@
+#include "app/SiteSession.h"
 #include "app/drive/DriveSession.h"
 #include "host/foundation/ClassRegistry.h"
 #include "host/foundation/KeyedArchiver.h"
@@ -37,10 +38,6 @@ std::shared_ptr<Agent> makeAgent(const Fields& description) {
 }
 
 }  // namespace
-
-std::vector<std::shared_ptr<ZORPlugIn>> listedDashboards(const SiteDocument& document) {
-    return document.siteWindowController()->plugIns();
-}
 
 std::shared_ptr<ZORWidgetHostView> makeWidget(const Fields& description, const std::shared_ptr<Agent>& agent) {
     const std::string kind = description.string("kind");
@@ -104,7 +101,7 @@ Json DriveSession::dashboards(const Fields& line) {
     if (!document_) line.refuse("do", "there is no document");
     const auto current = dashboard();
     Json list = Json::array();
-    for (const auto& each : listedDashboards(*document_)) {
+    for (const auto& each : dashboardsOf(*document_)) {
         list.push_back({{"uniqueIdentifier", each->uniqueIdentifier()},
                         {"title", each->title() ? Json(*each->title()) : Json()},
                         {"selected", each == current},
@@ -122,7 +119,7 @@ Json DriveSession::select(const Fields& line) {
 
 Json DriveSession::detach(const Fields& line) {
     const auto index = listIndex(line);
-    document_->showInSeparateWindow(listedDashboards(*document_)[index]);
+    document_->showInSeparateWindow(dashboardsOf(*document_)[index]);
     return Json::object();
 }
 
@@ -135,7 +132,7 @@ Json DriveSession::remove(const Fields& line) {
 std::size_t DriveSession::listIndex(const Fields& line) const {
     if (!document_) line.refuse("do", "there is no document");
     const std::int64_t index = line.integer("index");
-    if (index < 0 || std::cmp_greater_equal(index, listedDashboards(*document_).size())) {
+    if (index < 0 || std::cmp_greater_equal(index, dashboardsOf(*document_).size())) {
         line.refuse("index", "there is no dashboard with that number");
     }
     return static_cast<std::size_t>(index);

@@ -112,8 +112,6 @@ private:
 std::shared_ptr<ZORWidgetHostView> makeWidget(const Fields& description, const std::shared_ptr<Agent>& agent);
 /// A property from {value, unit}; throws LineError.
 void setProperty(Property& property, const Fields& description);
-/// The document class's dashboards in the list.
-std::vector<std::shared_ptr<ZORPlugIn>> listedDashboards(const SiteDocument& document);
 std::uint32_t modifierFlags(const Fields& line);
 int clickCount(const Fields& line);
 
