@@ -11,7 +11,7 @@ import time
 import unittest
 
 STATION = os.path.abspath(os.environ["STATION"])
-TOOLS = ("Xvfb", "openbox", "xdotool", "import", "compare")
+TOOLS = ("Xvfb", "openbox", "xdotool", "xprop", "import", "compare")
 
 
 def wait_for(question, what, seconds=30):
@@ -44,6 +44,14 @@ class WindowTestCase(unittest.TestCase):
             cls.display = ":" + answer.readline().strip()
         cls.window_manager = subprocess.Popen(["openbox", "--sm-disable"], stderr=subprocess.DEVNULL,
                                               env={**os.environ, "DISPLAY": cls.display})
+        # A window that appears while the window manager is still starting may never become visible.
+        wait_for(cls.window_manager_is_ready, "the window manager started")
+
+    @classmethod
+    def window_manager_is_ready(cls):
+        run = subprocess.run(["xprop", "-display", cls.display, "-root", "_NET_SUPPORTING_WM_CHECK"],
+                             capture_output=True, text=True)
+        return "window id" in run.stdout
 
     @classmethod
     def tearDownClass(cls):
