@@ -1,9 +1,7 @@
 #pragma once
 
-#include <ranges>
-
+#include "dashboard/WidgetRange.h"
 #include "host/instruments/ZORImageView.h"
-#include "host/instruments/ZORWidgetHostView.h"
 
 namespace zor {
 
@@ -32,11 +30,7 @@ public:
     void setStep(double step) { step_ = step; }
 
     /// The widgets in stacking order.
-    auto widgets() const {
-        return subviews() | std::views::transform([](const std::shared_ptr<View>& view) -> ZORWidgetHostView& {
-                   return static_cast<ZORWidgetHostView&>(*view);
-               });
-    }
+    WidgetRange widgets() const { return WidgetRange(subviews()); }
     /// On top, then numbers every widget with its 1-based position. A view that is no widget is not taken.
     void addSubview(const std::shared_ptr<View>& widget) override;
     /// Adds them one after the other and numbers once, which leaves what adding each by itself would leave.

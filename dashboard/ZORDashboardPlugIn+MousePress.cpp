@@ -1,4 +1,4 @@
-#include <ranges>
+#include <algorithm>
 
 #include "dashboard/FrameSnapshot.h"
 #include "dashboard/ZORDashboardPlugIn.h"
@@ -46,9 +46,8 @@ void ZORDashboardPlugIn::pressOnce(bool extend) {
             {clickOffset_.x - widget.frameXCoordinate(), clickOffset_.y - widget.frameYCoordinate()});
     }
     // A press on a selected widget changes nothing else, so that a selection can be dragged as a group.
-    for (const auto& widget : selectedObjects_ | std::views::reverse) {
-        if (pointInRect(mouseDownPoint_, widget->frame())) return;
-    }
+    const auto isPressed = [this](const auto& widget) { return pointInRect(mouseDownPoint_, widget->frame()); };
+    if (std::ranges::any_of(selectedObjects_, isPressed)) return;
     if (const auto hit = topmostWidgetAt(mouseDownPoint_)) {
         if (isListed(*hit)) return;
         if (!extend) unselectAllObjects();
@@ -119,10 +118,10 @@ void ZORDashboardPlugIn::registerDragUndo(std::vector<Value> snapshots) {
 }
 
 std::shared_ptr<ZORWidgetHostView> ZORDashboardPlugIn::topmostWidgetAt(Point point) const {
-    for (auto& widget : editView_->widgets() | std::views::reverse) {
-        if (pointInRect(point, widget.frame())) return sharedWidget(widget);
-    }
-    return {};
+    const auto widgets = editView_->widgets();
+    const auto isHit = [&](const ZORWidgetHostView& widget) { return pointInRect(point, widget.frame()); };
+    const auto hit = std::find_if(widgets.rbegin(), widgets.rend(), isHit);
+    return hit == widgets.rend() ? nullptr : sharedWidget(*hit);
 }
 
 void ZORDashboardPlugIn::becomeFirstResponder() {

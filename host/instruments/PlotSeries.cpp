@@ -15,8 +15,8 @@ void appendExtremes(std::vector<Sample>& result, SampleRun column) {
     const auto [least, greatest] = std::ranges::minmax_element(column, {}, &Sample::value);
     std::array chosen{column.begin(), least, greatest, column.end() - 1};
     std::ranges::sort(chosen);
-    const auto repeated = std::ranges::unique(chosen);
-    for (auto sample = chosen.begin(); sample != repeated.begin(); ++sample) result.push_back(**sample);
+    const auto end = std::unique(chosen.begin(), chosen.end());
+    for (auto sample = chosen.begin(); sample != end; ++sample) result.push_back(**sample);
 }
 
 }  // namespace

@@ -26,8 +26,8 @@ void clean(std::vector<Sample>& samples, const TimeSpan& span) {
         return !(sample.time >= span.from && sample.time <= span.to && std::isfinite(sample.value));
     });
     if (!std::ranges::is_sorted(samples, {}, &Sample::time)) std::ranges::stable_sort(samples, {}, &Sample::time);
-    const auto repeated = std::ranges::unique(samples, {}, &Sample::time);
-    samples.erase(repeated.begin(), repeated.end());
+    const auto sameTime = [](const Sample& a, const Sample& b) { return a.time == b.time; };
+    samples.erase(std::unique(samples.begin(), samples.end(), sameTime), samples.end());
 }
 
 void insert(std::vector<Sample>& samples, const Sample& sample) {
