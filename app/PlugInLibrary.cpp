@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <sstream>
 
+#include "app/DataFolder.h"
+
 namespace zor {
 
 namespace fs = std::filesystem;
@@ -36,11 +38,7 @@ std::vector<fs::path> PlugInLibrary::standardFolders() {
             if (!path.empty()) folders.emplace_back(path);
         }
     }
-    if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data) {
-        folders.push_back(fs::path(data) / "station" / "PlugIns");
-    } else if (const char* home = std::getenv("HOME"); home && *home) {
-        folders.push_back(fs::path(home) / ".local" / "share" / "station" / "PlugIns");
-    }
+    if (const auto data = dataFolder()) folders.push_back(*data / "PlugIns");
     const fs::path program = programFolder();
     folders.push_back(program / ".." / "PlugIns");
     folders.push_back(program / ".." / "lib" / "station" / "PlugIns");

@@ -77,7 +77,13 @@ void DriveSession::setCanvas(const Fields& line, ZORImageView& canvas) {
     } else if (key == "frame") {
         canvas.setFrame(line.rect("value"));
     } else if (key == "image") {
-        canvas.setImage(line.has("value") ? Image::plain(line.size("value")) : nullptr);
+        std::shared_ptr<Image> image;
+        if (line.has("value")) {
+            const Size size = line.size("value");
+            if (!(size.width > 0 && size.height > 0)) line.refuse("value", "an image is wider and higher than 0");
+            image = Image::plain(size);
+        }
+        canvas.setImage(std::move(image));
     } else {
         line.refuse("key", "a canvas has no setting \"" + key + "\"");
     }
