@@ -18,9 +18,12 @@ Result<WebServer::Options> parseAddress(const std::string& text) {
     WebServer::Options options;
     const std::size_t colon = text.rfind(':');
     const std::string port = colon == std::string::npos ? text : text.substr(colon + 1);
-    if (colon != std::string::npos) options.address = text.substr(0, colon);
-    if (options.address == "localhost") options.address = "127.0.0.1";
-    if (options.address == "[::1]") options.address = "::1";
+    if (colon != std::string::npos) {
+        std::string address = text.substr(0, colon);
+        if (address.starts_with('[') && address.ends_with(']')) address = address.substr(1, address.size() - 2);
+        // The name stands for both loopback addresses, as no address does.
+        if (address != "localhost") options.addresses = {address};
+    }
     const auto [end, error] = std::from_chars(port.data(), port.data() + port.size(), options.port);
     if (error != std::errc{} || end != port.data() + port.size()) {
         return Error{"--http wants ADDRESS:PORT, not " + text};

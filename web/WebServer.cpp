@@ -23,19 +23,19 @@ struct BodyOwner {
     std::shared_ptr<const Bytes> body;
 };
 
-bool parseAddress(const WebServer::Options& options, sockaddr_storage& storage) {
+bool parseAddress(const std::string& address, std::uint16_t port, sockaddr_storage& storage) {
     std::memset(&storage, 0, sizeof storage);
-    if (options.address == "127.0.0.1") {
+    if (address == "127.0.0.1") {
         auto& four = reinterpret_cast<sockaddr_in&>(storage);
         four.sin_family = AF_INET;
-        four.sin_port = htons(options.port);
+        four.sin_port = htons(port);
         four.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
         return true;
     }
-    if (options.address == "::1") {
+    if (address == "::1") {
         auto& six = reinterpret_cast<sockaddr_in6&>(storage);
         six.sin6_family = AF_INET6;
-        six.sin6_port = htons(options.port);
+        six.sin6_port = htons(port);
         six.sin6_addr = in6addr_loopback;
         return true;
     }
@@ -44,17 +44,8 @@ bool parseAddress(const WebServer::Options& options, sockaddr_storage& storage) 
 
 }  // namespace
 
-WebAnswer WebAnswer::text(int status, std::string_view text) {
-    return {.status = status, .body = std::make_shared<const Bytes>(text.begin(), text.end())};
-}
-
-WebAnswer WebAnswer::html(std::string_view text) {
-    return {.contentType = "text/html; charset=utf-8",
-            .body = std::make_shared<const Bytes>(text.begin(), text.end())};
-}
-
 struct WebServer::State {
-    Options options;
+    std::string address;
     Handler handler;
     MHD_Daemon* daemon = nullptr;
     std::uint16_t port = 0;
@@ -90,13 +81,16 @@ struct WebServer::State {
             size == 0 ? MHD_create_response_from_buffer(0, nullptr, MHD_RESPMEM_PERSISTENT)
                       : MHD_create_response_from_callback(size, 64 * 1024, read, owner.release(), release);
         if (!response) return MHD_NO;
+        if (answer.retryAfter) {
+            MHD_add_response_header(response, "Retry-After", std::to_string(answer.retryAfter->count()).c_str());
+        }
         MHD_add_response_header(response, "Content-Type", answer.contentType.c_str());
         MHD_add_response_header(response, "Cache-Control", "no-store");
         MHD_add_response_header(response, "X-Content-Type-Options", "nosniff");
         MHD_add_response_header(response, "Referrer-Policy", "no-referrer");
         MHD_add_response_header(response, "Cross-Origin-Resource-Policy", "same-origin");
         MHD_add_response_header(response, "Content-Security-Policy",
-                                "default-src 'none'; img-src 'self'; style-src 'unsafe-inline'");
+                                "default-src 'none'; img-src 'self'; style-src 'self'; frame-src 'self'");
         const auto result = MHD_queue_response(connection, static_cast<unsigned>(answer.status), response);
         MHD_destroy_response(response);
         return result;
@@ -123,15 +117,16 @@ WebServer::WebServer(std::unique_ptr<State> state) : state_(std::move(state)) {}
 WebServer::~WebServer() { MHD_stop_daemon(state_->daemon); }
 
 Result<std::unique_ptr<WebServer>> WebServer::start(const Options& options, Handler handler) {
+    const std::string text = options.addresses.empty() ? "127.0.0.1" : options.addresses.front();
     sockaddr_storage address;
-    if (!parseAddress(options, address)) {
-        return Error{"cannot serve on " + options.address + ": it is not an address of this machine alone"};
+    if (!parseAddress(text, options.port, address)) {
+        return Error{"cannot serve on " + text + ": it is not an address of this machine alone"};
     }
     auto state = std::make_unique<State>();
-    state->options = options;
+    state->address = text;
     state->handler = std::move(handler);
     unsigned flags = MHD_USE_EPOLL_INTERNAL_THREAD;
-    if (options.address == "::1") flags |= MHD_USE_IPv6;
+    if (text == "::1") flags |= MHD_USE_IPv6;
     errno = 0;
     state->daemon = MHD_start_daemon(
         flags, options.port, nullptr, nullptr, &State::handle, state.get(), MHD_OPTION_SOCK_ADDR,
@@ -139,7 +134,7 @@ Result<std::unique_ptr<WebServer>> WebServer::start(const Options& options, Hand
         connectionLimit, MHD_OPTION_PER_IP_CONNECTION_LIMIT, connectionLimitPerAddress, MHD_OPTION_CONNECTION_TIMEOUT,
         secondsOfSilence, MHD_OPTION_CONNECTION_MEMORY_LIMIT, headMemory, MHD_OPTION_END);
     if (!state->daemon) {
-        return Error{"cannot serve on " + options.address + ":" + std::to_string(options.port) + ": " +
+        return Error{"cannot serve on " + text + ":" + std::to_string(options.port) + ": " +
                      (errno ? std::strerror(errno) : "the server does not start")};
     }
     const auto* info = MHD_get_daemon_info(state->daemon, MHD_DAEMON_INFO_BIND_PORT);
@@ -149,9 +144,17 @@ Result<std::unique_ptr<WebServer>> WebServer::start(const Options& options, Hand
 
 std::uint16_t WebServer::port() const { return state_->port; }
 
-std::string WebServer::url() const {
-    const std::string host = state_->options.address == "::1" ? "[::1]" : state_->options.address;
-    return "http://" + host + ":" + std::to_string(state_->port) + "/";
+std::vector<std::string> WebServer::addresses() const {
+    const std::string host = state_->address == "::1" ? "[::1]" : state_->address;
+    return {"http://" + host + ":" + std::to_string(state_->port) + "/"};
 }
+
+std::string WebServer::url() const { return addresses().front(); }
+
+bool WebServer::needsToken() const { return false; }
+
+std::string WebServer::withToken(const std::string& address) const { return address; }
+
+std::filesystem::path WebServer::tokenFile() const { return {}; }
 
 }  // namespace zor
