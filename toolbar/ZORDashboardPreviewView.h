@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+
+#include "toolbar/DashboardStage.h"
 #include "toolbar/ZORDashboardToolbarPlugIn.h"
 
 namespace zor {
@@ -23,17 +26,12 @@ public:
     void drawRect(DrawingContext& context, const Rect& dirty) override;
 
 private:
-    class StagePeer;
-
-    void prepareDashboard();
-    void drawDashboard(DrawingContext& context, const Rect& area) const;
+    void drawCaption(DrawingContext& context, const Rect& area) const;
 
     std::weak_ptr<ZORDashboardToolbarPlugIn> owner_;
     std::int64_t row_ = -1;
     bool captioned_ = false;
-    std::shared_ptr<ZORDashboardPlugIn> dashboard_;
-    /// An unseen window in which the dashboard lives as if it were shown.
-    std::shared_ptr<Window> stage_;
+    std::optional<DashboardStage> stage_;
 };
 
 }  // namespace zor

@@ -1,6 +1,7 @@
 #include "host/views/Controls.h"
 
 #include "host/foundation/ClassBuilder.h"
+#include "host/views/ControlColors.h"
 #include "host/views/TextLines.h"
 
 namespace zor {
@@ -10,8 +11,6 @@ namespace {
 constexpr double textInset = 4;
 constexpr double buttonRadius = 6;
 constexpr double buttonFontSize = 13;
-const Color buttonFace = Color::white(), buttonEdge = Color::rgb(0xC4C8CF), buttonText = Color::rgb(0x1E2229);
-const Color defaultFace = Color::rgb(0x2F6FDE), defaultEdge = Color::rgb(0x2459B8);
 constexpr double pressedShade = 0.18;
 
 }  // namespace
@@ -66,12 +65,16 @@ void TextField::setWraps(bool wraps) {
 
 void TextField::drawRect(DrawingContext& context, const Rect&) {
     if (backgroundColor_.alpha > 0) context.fillRect(bounds(), backgroundColor_);
+    drawString(context, textColor_);
+}
+
+void TextField::drawString(DrawingContext& context, Color color) const {
     const Rect area = insetRect(bounds(), textInset, 0);
     if (wraps_) {
-        context.drawText(textBrokenToWidth(text_, font_, area.width), area, font_, textColor_, alignment_,
+        context.drawText(textBrokenToWidth(text_, font_, area.width), area, font_, color, alignment_,
                          VerticalAlignment::top);
     } else {
-        context.drawText(text_, area, font_, textColor_, alignment_, VerticalAlignment::center);
+        context.drawText(text_, area, font_, color, alignment_, VerticalAlignment::center);
     }
 }
 
@@ -114,13 +117,14 @@ void Button::mouseUp(const EventPtr& event) {
 }
 
 void Button::drawRect(DrawingContext& context, const Rect&) {
+    const auto& colors = ControlColors::current();
     const bool isDefault = keyEquivalent_ == returnKey;
     const Path outline = Path::roundedRect(insetRect(bounds(), 0.5, 0.5), buttonRadius);
-    const Color face = isDefault ? defaultFace : buttonFace;
+    const Color face = isDefault ? colors.accent : colors.face;
     context.fillPath(outline, pressed_ ? face.mixedWith(Color::black(), pressedShade) : face);
-    context.strokePath(outline, {.color = isDefault ? defaultEdge : buttonEdge});
+    context.strokePath(outline, {.color = isDefault ? face.mixedWith(Color::black(), pressedShade) : colors.edge});
     context.drawText(title_, bounds(), Font{.size = buttonFontSize, .bold = isDefault},
-                     isDefault ? Color::white() : buttonText, TextAlignment::center, VerticalAlignment::center);
+                     isDefault ? colors.onAccent : colors.text, TextAlignment::center, VerticalAlignment::center);
 }
 
 }  // namespace zor

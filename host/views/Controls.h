@@ -45,6 +45,10 @@ public:
     void setWraps(bool wraps);
     void drawRect(DrawingContext& context, const Rect& dirty) override;
 
+protected:
+    /// The text alone, in another colour than its own.
+    void drawString(DrawingContext& context, Color color) const;
+
 private:
     std::string text_;
     Font font_{.size = 13};
@@ -111,7 +115,7 @@ public:
     void setDoubleAction(ControlAction action) { doubleAction_ = std::move(action); }
 
     /// Own coordinates.
-    Rect rectOfRow(std::int64_t row) const;
+    virtual Rect rectOfRow(std::int64_t row) const;
     bool acceptsFirstResponder() const override { return true; }
     /// Takes the keyboard of a window in which nobody has it.
     void viewDidMoveToWindow() override;
@@ -119,6 +123,10 @@ public:
     /// The arrows move the selection; other keys are passed on.
     void keyDown(const EventPtr& event) override;
     void drawRect(DrawingContext& context, const Rect& dirty) override;
+
+protected:
+    /// What stands in a row, on the ground of the list or of its selection; the row's title.
+    virtual void drawRow(DrawingContext& context, std::int64_t row, const Rect& place, Color color);
 
 private:
     bool hasRow(std::int64_t row) const;

@@ -1,6 +1,7 @@
 #include <array>
 
 #include "host/foundation/ClassBuilder.h"
+#include "host/views/ControlColors.h"
 #include "host/views/Controls.h"
 #include "host/views/Window.h"
 
@@ -13,8 +14,6 @@ constexpr double listInset = 6;
 constexpr double rowRadius = 6;
 constexpr double titleInset = 12;
 constexpr double listRadius = 8;
-const Color listFace = Color::white(), listEdge = Color::rgb(0xD5D8DE), rowText = Color::rgb(0x1E2229);
-const Color selectedFace = Color::rgb(0x2F6FDE);
 
 }  // namespace
 
@@ -90,16 +89,21 @@ void TableView::keyDown(const EventPtr& event) {
 }
 
 void TableView::drawRect(DrawingContext& context, const Rect&) {
+    const auto& colors = ControlColors::current();
     const Path outline = Path::roundedRect(insetRect(bounds(), 0.5, 0.5), listRadius);
-    context.fillPath(outline, listFace);
-    context.strokePath(outline, {.color = listEdge});
+    context.fillPath(outline, colors.field);
+    context.strokePath(outline, {.color = colors.edge});
     for (std::int64_t row = 0; hasRow(row); ++row) {
         const Rect place = rectOfRow(row);
         const bool selected = row == selectedRow_;
-        if (selected) context.fillPath(Path::roundedRect(place, rowRadius), selectedFace);
-        context.drawText(rows_[static_cast<std::size_t>(row)], insetRect(place, titleInset, 0), Font{.size = 14},
-                         selected ? Color::white() : rowText, TextAlignment::left, VerticalAlignment::center);
+        if (selected) context.fillPath(Path::roundedRect(place, rowRadius), colors.accent);
+        drawRow(context, row, place, selected ? colors.onAccent : colors.text);
     }
+}
+
+void TableView::drawRow(DrawingContext& context, std::int64_t row, const Rect& place, Color color) {
+    context.drawText(rows_[static_cast<std::size_t>(row)], insetRect(place, titleInset, 0), Font{.size = 14}, color,
+                     TextAlignment::left, VerticalAlignment::center);
 }
 
 }  // namespace zor

@@ -1,8 +1,10 @@
 #include "qt/interface/InterfaceLoader.h"
 
 #include "host/foundation/ClassRegistry.h"
+#include "host/views/ControlColors.h"
 #include "host/views/Controls.h"
 #include "host/views/Window.h"
+#include "qt/interface/ControlPalette.h"
 #include "qt/interface/Form.h"
 
 namespace zor {
@@ -18,15 +20,30 @@ public:
 class FormContent : public View {
 public:
     using View::View;
-    void drawRect(DrawingContext& context, const Rect& dirty) override { context.fillRect(dirty, ground); }
+    void drawRect(DrawingContext& context, const Rect& dirty) override {
+        context.fillRect(dirty, ControlColors::current().ground);
+    }
+};
+
+/// A label that has the colours of the windows around, unless the form gives it one.
+class FormLabel : public TextField {
+public:
+    explicit FormLabel(const FormWidget& widget)
+        : hasOwnColor_(widget.property("textColor").isString()), isQuiet_(widget.property("quiet").asBool()) {
+        setBackgroundColor(Color::clear());
+    }
+    void drawRect(DrawingContext& context, const Rect&) override {
+        const auto& colors = ControlColors::current();
+        drawString(context, hasOwnColor_ ? textColor() : isQuiet_ ? colors.quiet : colors.text);
+    }
 
 private:
-    static constexpr Color ground = Color::rgb(0xF3F4F7);
+    bool hasOwnColor_;
+    bool isQuiet_;
 };
 
 std::shared_ptr<View> makeLabel(const FormWidget& widget) {
-    auto label = std::make_shared<TextField>();
-    label->setBackgroundColor(Color::clear());
+    auto label = std::make_shared<FormLabel>(widget);
     label->setStringValue(widget.property("text").asString());
     label->setWraps(widget.property("wordWrap").asBool());
     const std::string alignment = widget.property("alignment").asString();
@@ -138,6 +155,7 @@ private:
 Result<ObjectPtr> loadInterfaceFile(const std::filesystem::path& file, const ObjectPtr& owner) {
     const auto form = readForm(file);
     if (!form) return form.error();
+    followApplicationPalette();
     auto built = InterfaceBuilder(owner).build(*form);
     if (!built) return Error{file.string() + ": " + built.error().message};
     return built;

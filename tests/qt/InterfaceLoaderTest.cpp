@@ -2,10 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
+#include <QPalette>
 #include <fstream>
 
 #include "host/foundation/ClassBuilder.h"
 #include "host/views/Controls.h"
+#include "host/views/RecordingContext.h"
 #include "host/views/Window.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -125,6 +128,32 @@ TEST_F(InterfaceLoader, LabelsTakeTextFontColourAndAlignment) {
     EXPECT_TRUE(label->font().bold);
     EXPECT_EQ(label->textColor(), Color::rgb(0x102030));
     EXPECT_EQ(label->backgroundColor(), Color::clear());
+}
+
+TEST_F(InterfaceLoader, WhatHasNoColourFollowsThePalette) {
+    const auto textColorOf = [](TextField& field) {
+        RecordingContext context;
+        field.drawRect(context, field.bounds());
+        return context.operationsNamed("drawText").at(0).color;
+    };
+    const auto labelOf = [&](const std::string& properties) {
+        return load(R"(<ui><widget class="QStackedWidget" name="sheet"><widget class="QWidget" name="page">
+                    <widget class="QLabel" name="label">)" + properties + "</widget></widget></widget></ui>");
+    };
+    const QPalette before = QApplication::palette();
+    QPalette dark(QColor(0x32, 0x32, 0x36), QColor(0x20, 0x20, 0x20));
+    dark.setColor(QPalette::WindowText, QColor(0xf0, 0xf0, 0xf0));
+    const auto plain = labelOf("");
+    QApplication::setPalette(dark);
+    EXPECT_EQ(textColorOf(*owner->label()), Color::rgb(0xf0f0f0));
+    RecordingContext context;
+    owner->sheet()->contentView()->drawRect(context, {0, 0, 9, 9});
+    EXPECT_EQ(context.operationsNamed("fillRect").at(0).color, Color::rgb(0x202020));
+    const auto quiet = labelOf(R"(<property name="quiet" stdset="0"><bool>true</bool></property>)");
+    EXPECT_EQ(textColorOf(*owner->label()), Color::rgb(0xf0f0f0).mixedWith(Color::rgb(0x202020), 0.4));
+    const auto colored = labelOf(R"(<property name="textColor" stdset="0"><string>#102030</string></property>)");
+    EXPECT_EQ(textColorOf(*owner->label()), Color::rgb(0x102030));
+    QApplication::setPalette(before);
 }
 
 TEST_F(InterfaceLoader, ConnectionsPerformTheOwnersActions) {

@@ -1,5 +1,6 @@
 #include "host/views/RecordingContext.h"
 #include "tests/toolbar/ToolbarSupport.h"
+#include "toolbar/ZORDashboardListView.h"
 #include "toolbar/ZORDashboardPreviewView.h"
 
 namespace zor {
@@ -232,6 +233,64 @@ TEST_F(Preview, FollowsWhatItsDashboardShows) {
     peer->damage.clear();
     property("outdoorTemperature")->setValue(12, 1);
     EXPECT_THAT(peer->damage, ::testing::Not(IsEmpty()));
+}
+
+class List : public SelectionWindow {
+protected:
+    void SetUp() override {
+        SelectionWindow::SetUp();
+        show();
+        list->setFrame({0, 0, 300, 460});
+        list->setOwner(toolbar);
+        list->setDelegate(toolbar);
+        list->setRows(toolbar->tableView()->rows());
+        toolbar->page1()->addSubview(list);
+    }
+    std::string drawn() {
+        RecordingContext context;
+        list->drawRect(context, list->bounds());
+        return context.text();
+    }
+    std::shared_ptr<ZORDashboardListView> list = std::make_shared<ZORDashboardListView>();
+};
+
+TEST_F(List, RowsLieOneBelowTheOtherAndFillTheList) {
+    EXPECT_EQ(list->rectOfRow(0).y, 6);
+    for (int row = 1; row < 5; ++row) EXPECT_EQ(list->rectOfRow(row).y, list->rectOfRow(row - 1).maxY());
+    EXPECT_LE(list->rectOfRow(4).maxY(), list->bounds().maxY());
+}
+
+TEST_F(List, EachRowHasItsTitleAndThePictureOfItsDashboard) {
+    const std::string text = drawn();
+    for (const auto& title : list->rows()) EXPECT_THAT(text, ::testing::HasSubstr(title));
+    EXPECT_THAT(text, ::testing::HasSubstr("<INSERT TITLE HERE>"));
+    // The catalogue's file is not there.
+    EXPECT_THAT(text, ::testing::HasSubstr("No preview"));
+    EXPECT_THAT(titles(), IsEmpty());
+    EXPECT_EQ(toolbar->dashboardTitle(), "Standard Dashboard");
+}
+
+TEST_F(List, APressOnAPictureSelectsItsRow) {
+    const Rect row = list->rectOfRow(2);
+    toolbar->configurationWindow()->sendEvent(Event::mouse(EventType::mouseDown, {row.x + 40, row.center().y}, 0, 1));
+    EXPECT_EQ(list->selectedRow(), 2);
+    EXPECT_EQ(toolbar->dashboardTitle(), "Hi-Def Dashboard");
+}
+
+TEST_F(List, ANewValueDrawsTheRowsAgainThatShowIt) {
+    give({"outdoorTemperature"});
+    const auto peer = std::make_shared<FakeWindowPeer>();
+    toolbar->configurationWindow()->setPeer(peer);
+    drawn();
+    peer->damage.clear();
+    property("outdoorTemperature")->setValue(12, 1);
+    ASSERT_THAT(peer->damage, ::testing::Not(IsEmpty()));
+    bool isCurrentWeatherDamaged = false;
+    for (const auto& rect : peer->damage) {
+        isCurrentWeatherDamaged |= intersectsRect(rect, list->rectOfRow(1));
+        EXPECT_FALSE(intersectsRect(rect, list->rectOfRow(4)));
+    }
+    EXPECT_TRUE(isCurrentWeatherDamaged);
 }
 
 }  // namespace
