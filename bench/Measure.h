@@ -1,40 +1,78 @@
 #pragma once
-// Times of single runs, and a table of them. Absolute times mean little on a shared machine: compare within one run.
+// Times, memory, and a table of both. Absolute times mean little on a shared machine: compare within one run.
+
+#include <malloc.h>
+#include <sys/resource.h>
 
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <functional>
+#include <limits>
 #include <string>
 #include <vector>
 
 namespace zor::bench {
 
-/// The median of `runs` runs, in milliseconds; `prepare` is not counted.
-inline double medianMilliseconds(int runs, const std::function<void()>& work,
-                                 const std::function<void()>& prepare = {}) {
+/// What is timed; `prepare` runs before each run of `work` and is not counted.
+struct Task {
+    std::function<void()> work;
+    std::function<void()> prepare = {};
+};
+
+/// The median of `runs` runs, in milliseconds.
+inline double medianMilliseconds(int runs, const Task& task) {
     std::vector<double> times;
     for (int run = 0; run < runs; ++run) {
-        if (prepare) prepare();
+        if (task.prepare) task.prepare();
         const auto begin = std::chrono::steady_clock::now();
-        work();
+        task.work();
         times.push_back(std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - begin).count());
     }
     std::ranges::nth_element(times, times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2));
     return times[times.size() / 2];
 }
 
-inline void printHeading(const char* what, const char* first, const char* second) {
-    std::printf("\n%s\n%-34s %12s %12s %9s\n", what, "", first, second, "ratio");
+/// The best of several medians of each task, taken in turns, so that what else the machine does meets all alike.
+inline std::vector<double> bestMedians(int runs, const std::vector<Task>& tasks) {
+    constexpr int rounds = 5;
+    std::vector<double> best(tasks.size(), std::numeric_limits<double>::max());
+    for (int round = 0; round < rounds; ++round) {
+        for (std::size_t index = 0; index < tasks.size(); ++index) {
+            best[index] = std::min(best[index], medianMilliseconds(runs, tasks[index]));
+        }
+    }
+    return best;
 }
 
-/// A row of the table; `peer` 0 where there is nothing to compare with.
+/// Milliseconds of processor time that this process has used.
+inline double processorMilliseconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    const auto milliseconds = [](const timeval& time) {
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_usec) / 1e3;
+    };
+    return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
+}
+
+/// Bytes of the heap in use.
+inline double heapBytes() {
+    const auto heap = mallinfo2();
+    return static_cast<double>(heap.uordblks) + static_cast<double>(heap.hblkhd);
+}
+
+inline void printHeading(const std::string& what, const char* first, const char* second) {
+    std::printf("\n%-42s %11s %11s %9s\n", what.c_str(), first, second, "ratio");
+}
+
+/// A row of the table with the share of `peer` that `own` is; `peer` 0 where there is nothing to compare with.
 inline void printRow(const std::string& name, double own, double peer = 0) {
     if (peer > 0) {
-        std::printf("%-34s %12.3f %12.3f %9.2f\n", name.c_str(), own, peer, peer / own);
+        std::printf("%-42s %11.3f %11.3f %9.2f\n", name.c_str(), own, peer, own / peer);
     } else {
-        std::printf("%-34s %12.3f\n", name.c_str(), own);
+        std::printf("%-42s %11.3f\n", name.c_str(), own);
     }
+    std::fflush(stdout);
 }
 
 }  // namespace zor::bench
