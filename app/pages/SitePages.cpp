@@ -1,97 +1,168 @@
 #include "app/pages/SitePages.h"
 
+#include <algorithm>
+#include <map>
+#include <random>
+
+#include "app/pages/Advertisement.h"
+#include "app/pages/Html.h"
+#include "app/pages/IndexPage.h"
+#include "app/pages/PageResources.h"
 #include "host/foundation/MainQueue.h"
 
 namespace zor {
 
 namespace {
 
-constexpr std::string_view style = R"(
-:root { color-scheme: light dark; --ground: #f5f5f7; --card: #fff; --ink: #1d1d1f; --quiet: #6e6e73; --line: #d2d2d7; }
-@media (prefers-color-scheme: dark) {
-  :root { --ground: #161618; --card: #232326; --ink: #f5f5f7; --quiet: #a1a1a6; --line: #3a3a3d; }
-}
-* { box-sizing: border-box; }
-body { margin: 0; padding: clamp(1rem, 4vw, 3rem); background: var(--ground); color: var(--ink);
-       font: 16px/1.5 system-ui, "Helvetica Neue", "Liberation Sans", sans-serif; }
-h1 { font-size: 1.75rem; line-height: 1.2; margin: 0 0 .25rem; }
-p { margin: 0 0 1.5rem; color: var(--quiet); }
-ul { list-style: none; margin: 0; padding: 0; display: grid; gap: 1.5rem;
-     grid-template-columns: repeat(auto-fill, minmax(min(100%, 22rem), 1fr)); }
-li { background: var(--card); border: 1px solid var(--line); border-radius: 12px; overflow: hidden; }
-li img { display: block; width: 100%; height: 15rem; object-fit: contain; background: #fff;
-         border-bottom: 1px solid var(--line); }
-li a { color: inherit; }
-.name { display: flex; justify-content: space-between; gap: 1rem; align-items: baseline; padding: .75rem 1rem; }
-h2 { font-size: 1rem; margin: 0; overflow-wrap: anywhere; }
-)";
+constexpr std::string_view plugInsAddress = "/plugins/";
 
-}  // namespace
-
-std::string htmlEscaped(std::string_view text) {
-    std::string escaped;
-    for (const char character : text) {
-        switch (character) {
-            case '&': escaped += "&amp;"; break;
-            case '<': escaped += "&lt;"; break;
-            case '>': escaped += "&gt;"; break;
-            case '"': escaped += "&quot;"; break;
-            case '\'': escaped += "&#39;"; break;
-            default: escaped += character;
-        }
-    }
-    return escaped;
+/// What nobody can have put into a title beforehand.
+std::string unguessable() {
+    std::random_device source;
+    std::string text;
+    for (int word = 0; word < 4; ++word) text += std::to_string(source()) + '-';
+    return text + '0';
 }
 
-SitePages::SitePages(std::shared_ptr<SiteDocument> document) : document_(document) {}
+WebAnswer quitting() { return WebAnswer::text(503, "The station is closing.\n"); }
 
-WebAnswer SitePages::answer(const WebRequest& request) const {
-    WebAnswer answer = WebAnswer::text(503, "The station is closing.\n");
-    MainQueue::shared().sync([&] {
-        const std::string& path = request.path;
-        if (path == "/") {
-            answer = WebAnswer::html(indexPage());
-        } else if (path.ends_with(".png") || path.ends_with(".pdf")) {
-            answer = picture(path.substr(1, path.size() - 5), path.ends_with(".pdf"));
-        } else {
-            answer = WebAnswer::text(404, "There is nothing here.\n");
-        }
-    });
+WebAnswer nothingHere() { return WebAnswer::text(404, "There is nothing here.\n"); }
+
+WebAnswer fileAnswer(std::string_view contents, std::string type) {
+    WebAnswer answer = WebAnswer::text(200, contents);
+    answer.contentType = std::move(type);
     return answer;
 }
 
-std::string SitePages::indexPage() const {
-    const auto document = document_.lock();
-    if (!document) return {};
-    const std::string name = htmlEscaped(document->agent()->name());
-    std::string items;
-    for (const auto& dashboard : document->siteWindowController()->plugIns()) {
-        const std::string link = "/" + htmlEscaped(dashboard->uniqueIdentifier());
-        const std::string title = htmlEscaped(dashboard->title().value_or("Untitled"));
-        items += "<li><a href=\"" + link + ".png\"><img src=\"" + link + ".png\" alt=\"" + title +
-                 "\" loading=\"lazy\"></a><div class=\"name\"><h2>" + title + "</h2><a href=\"" + link +
-                 ".pdf\" aria-label=\"" + title + " as PDF\">PDF</a></div></li>\n";
-    }
-    return "<!DOCTYPE html>\n<html lang=\"en\"><head><meta charset=\"utf-8\">"
-           "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"><title>" +
-           name + "</title><style>" + std::string(style) + "</style></head>\n<body><main><h1>" + name +
-           "</h1><p>The station's dashboards, as they are now.</p>\n<ul>\n" + items + "</ul></main></body></html>\n";
+/// Every plug-in of the document: those that stand for their bundles, those in the list, those in windows of their own.
+std::vector<std::shared_ptr<ZORPlugIn>> plugInsOf(const SiteDocument& document) {
+    auto plugIns = document.entryPlugIns();
+    const auto add = [&](const std::shared_ptr<ZORPlugIn>& plugIn) {
+        if (plugIn && std::ranges::find(plugIns, plugIn) == plugIns.end()) plugIns.push_back(plugIn);
+    };
+    for (const auto& plugIn : document.siteWindowController()->plugIns()) add(plugIn);
+    for (const auto& controller : document.windowControllers()) add(controller->contentViewController());
+    return plugIns;
 }
 
-WebAnswer SitePages::picture(const std::string& identifier, bool pdf) const {
-    const auto document = document_.lock();
-    if (document) {
-        for (const auto& dashboard : document->siteWindowController()->plugIns()) {
-            if (dashboard->uniqueIdentifier() != identifier) continue;
-            const Value scale = 1.0;
-            const Value data = pdf ? dashboard->perform("pdfRepresentation")
-                                   : dashboard->perform("pngImageWithScale:", {&scale, 1});
-            if (!data.isData()) break;
-            return {.contentType = pdf ? "application/pdf" : "image/png",
-                    .body = std::make_shared<const Bytes>(data.asData())};
+/// The names under which plug-ins may show each other: those in the list and those of windows.
+std::vector<ListedPlugIn> titlesIn(const SiteDocument& document) {
+    std::vector<ListedPlugIn> listed;
+    for (const auto& entry : document.siteWindowController()->entries()) {
+        listed.push_back({entry.representedObject->uniqueIdentifier(), entry.title});
+    }
+    for (const auto& controller : document.windowControllers()) {
+        const auto shown = controller->contentViewController();
+        if (shown && controller->window()) listed.push_back({shown->uniqueIdentifier(), controller->window()->title()});
+    }
+    return listed;
+}
+
+}  // namespace
+
+struct SitePages::HostedPlugIn {
+    /// Its component in addresses.
+    std::string name;
+    std::shared_ptr<ZORPlugIn> plugIn;
+    std::shared_ptr<SiteDocument> document;
+};
+
+/// The answers of one Site Document's plug-ins, as they are.
+struct SitePages::Asked {
+    struct Answer {
+        std::string html;
+        AdvertisementSource source;
+    };
+
+    const SiteDocument* document;
+    std::string name;
+    std::vector<Answer> answers;
+};
+
+SitePages::SitePages(const std::shared_ptr<SiteDocument>& document)
+    : SitePages([weak = std::weak_ptr(document)]() -> std::vector<std::shared_ptr<SiteDocument>> {
+          if (auto open = weak.lock()) return {std::move(open)};
+          return {};
+      }) {}
+
+WebAnswer SitePages::answer(const WebRequest& request) {
+    const std::string_view path = request.path;
+    if (path == "/") return index();
+    if (path == styleSheetAddress) return fileAnswer(pageStyleSheet, "text/css; charset=utf-8");
+    if (path == iconAddress || path == "/favicon.ico") return fileAnswer(pageIcon, "image/svg+xml");
+    if (path.starts_with(plugInsAddress)) return plugInsAnswer(request);
+    if (path.starts_with(thumbnailAddress)) {
+        const auto picture = path.substr(thumbnailAddress.size());
+        if (picture.starts_with(plugInsAddress)) return WebAnswer::html(thumbnailPage(percentEncodedPath(picture)));
+    }
+    return nothingHere();
+}
+
+/// Main thread. A copy of a document beside it has plug-ins of the same identifiers: the later ones get a number, which
+/// cannot be part of an identifier.
+std::vector<SitePages::HostedPlugIn> SitePages::hostedPlugIns() const {
+    std::vector<HostedPlugIn> hosted;
+    std::map<std::string, int> met;
+    for (const auto& document : documents_()) {
+        for (const auto& plugIn : plugInsOf(*document)) {
+            std::string name = plugIn->uniqueIdentifier();
+            const int count = ++met[name];
+            if (count > 1) name += '.' + std::to_string(count);
+            hosted.push_back({std::move(name), plugIn, document});
         }
     }
-    return WebAnswer::text(404, "There is no such picture.\n");
+    return hosted;
+}
+
+/// Main thread.
+std::vector<SitePages::Asked> SitePages::askForAdvertisements() const {
+    std::vector<Asked> sites;
+    const std::string nonce = unguessable();
+    for (const auto& [name, plugIn, document] : hostedPlugIns()) {
+        if (sites.empty() || sites.back().document != document.get()) {
+            sites.push_back({document.get(), document->agent()->name(), {}});
+        }
+        const std::string base = std::string(plugInsAddress) + percentEncoded(name);
+        const std::string askedBase = base + "/" + nonce;
+        auto html = plugIn->webServiceAdvertisementForBaseURL(askedBase);
+        if (html.empty()) continue;
+        sites.back().answers.push_back({std::move(html), {askedBase, base, titlesIn(*document)}});
+    }
+    return sites;
+}
+
+WebAnswer SitePages::index() const {
+    std::vector<Asked> asked;
+    if (!MainQueue::shared().sync([&] { asked = askForAdvertisements(); })) return quitting();
+    std::vector<AdvertisedSite> sites;
+    for (const auto& [document, name, answers] : asked) {
+        AdvertisedSite site{name, {}};
+        for (const auto& [html, source] : answers) site.advertisements.push_back(Advertisement::parse(html, source));
+        sites.push_back(std::move(site));
+    }
+    return WebAnswer::html(indexPage(sites));
+}
+
+WebAnswer SitePages::plugInsAnswer(const WebRequest& request) {
+    const std::string_view below = std::string_view(request.path).substr(plugInsAddress.size());
+    const std::size_t slash = below.find('/');
+    if (slash == std::string_view::npos) return nothingHere();
+    std::shared_ptr<ZORPlugIn> plugIn;
+    const auto find = [&] {
+        for (const auto& hosted : hostedPlugIns()) {
+            if (hosted.name == below.substr(0, slash)) plugIn = hosted.plugIn;
+        }
+    };
+    if (!MainQueue::shared().sync(find)) return quitting();
+    if (!plugIn) return nothingHere();
+    std::shared_ptr<DataResponse> response;
+    const auto pass = gate_.enter();
+    if (pass) response = plugIn->webServiceResponseForRequest(request);
+    // Whatever may be the last reference to a plug-in goes where its views live.
+    MainQueue::shared().post([plugIn = std::move(plugIn)] {});
+    if (!pass) return WebAnswer::busy();
+    if (!response) return nothingHere();
+    return {.contentType = response->contentType, .body = response->data};
 }
 
 }  // namespace zor

@@ -1,28 +1,42 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "app/pages/RenderGate.h"
 #include "host/station/SiteDocument.h"
 #include "web/WebServer.h"
 
 namespace zor {
 
-/// What a browser sees of one Site Document: a page with every dashboard's picture, and the pictures.
+/// What a browser sees of the open Site Documents: at "/" what their plug-ins advertise, below "/plugins/ID/" what the
+/// plug-in of that identifier answers.
 class SitePages {
 public:
-    explicit SitePages(std::shared_ptr<SiteDocument> document);
-    /// Worker threads; views are drawn on the main thread, the worker waits. 503 while the program quits.
-    WebAnswer answer(const WebRequest& request) const;
+    /// Called on the main thread only.
+    using Documents = std::function<std::vector<std::shared_ptr<SiteDocument>>()>;
+
+    explicit SitePages(Documents documents) : documents_(std::move(documents)) {}
+    explicit SitePages(const std::shared_ptr<SiteDocument>& document);
+
+    /// Worker threads, several at once; what concerns views is done on the main thread while the worker waits. 404
+    /// where nothing answers, 503 for pictures while too many wait for theirs, and for everything while the program
+    /// quits.
+    WebAnswer answer(const WebRequest& request);
 
 private:
-    std::string indexPage() const;
-    WebAnswer picture(const std::string& identifier, bool pdf) const;
+    struct HostedPlugIn;
+    struct Asked;
 
-    std::weak_ptr<SiteDocument> document_;
+    WebAnswer index() const;
+    WebAnswer plugInsAnswer(const WebRequest& request);
+    std::vector<HostedPlugIn> hostedPlugIns() const;
+    std::vector<Asked> askForAdvertisements() const;
+
+    Documents documents_;
+    RenderGate gate_;
 };
-
-/// Text that stands for itself in HTML, in an attribute too.
-std::string htmlEscaped(std::string_view text);
 
 }  // namespace zor
