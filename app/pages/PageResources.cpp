@@ -16,7 +16,7 @@ const std::string_view pageStyleSheet = R"(:root {
 * { box-sizing: border-box; }
 html { background: var(--ground); color: var(--ink); -webkit-text-size-adjust: 100%; }
 body {
-  margin: 0 auto; max-width: 120rem; padding: clamp(1.25rem, 3.5vw, 3.5rem) clamp(1rem, 4vw, 4rem);
+  margin: 0 auto; max-width: 168rem; padding: clamp(1.25rem, 3.5vw, 3.5rem) clamp(1rem, 4vw, 4rem);
   font: 1rem/1.5 system-ui, "Helvetica Neue", "Nimbus Sans", "Liberation Sans", sans-serif;
 }
 section + section { margin-top: 3rem; padding-top: 2.5rem; border-top: 1px solid var(--line); }
@@ -33,7 +33,7 @@ a { color: var(--accent); text-underline-offset: .2em; border-radius: 3px; }
 a:focus-visible { outline: 3px solid var(--accent); outline-offset: 3px; }
 .pictures {
   display: grid; gap: clamp(1rem, 1.6vw, 1.75rem); margin: 1.5rem 0 2rem; padding: 0; list-style: none;
-  grid-template-columns: repeat(auto-fill, minmax(min(100%, 21rem), 1fr));
+  grid-template-columns: repeat(auto-fill, minmax(min(100%, clamp(18rem, 23vw, 33rem)), 1fr));
 }
 .pictures > li {
   position: relative; display: flex; flex-direction: column; min-width: 0; overflow: hidden;
@@ -57,7 +57,7 @@ a:focus-visible { outline: 3px solid var(--accent); outline-offset: 3px; }
 .pictures a:focus-visible { outline: none; }
 .pictures a:focus-visible::after { outline: 3px solid var(--accent); outline-offset: 2px; }
 .thumbnail, .thumbnail body { height: 100%; margin: 0; padding: 0; max-width: none; background: var(--well); }
-.thumbnail img { display: block; width: 100%; height: 100%; object-fit: contain; }
+.thumbnail img { display: block; width: 100%; height: 100%; padding: .5rem; object-fit: contain; }
 @media (prefers-reduced-motion: no-preference) { .pictures > li:hover { transform: translateY(-2px); } }
 @media (forced-colors: active) { .pictures > li { border-color: CanvasText; } }
 @media print { .pictures > li { break-inside: avoid; box-shadow: none; } }

@@ -11,6 +11,8 @@
 #include "app/window/HelpWindow.h"
 #include "app/window/SiteWindow.h"
 #include "app/window/StationDialog.h"
+#include "app/window/WebAccess.h"
+#include "app/window/WebAccessDialog.h"
 
 namespace zor {
 
@@ -29,7 +31,12 @@ void tell(QWidget* parent, const QString& what, const std::string& why) {
 
 }  // namespace
 
-Desktop::Desktop(const PlugInLibrary& plugIns) : plugIns_(plugIns), store_(openStationStore()) {}
+Desktop::Desktop(const PlugInLibrary& plugIns)
+    : plugIns_(plugIns), store_(openStationStore()), webAccess_(std::make_unique<WebAccess>([this] {
+          std::vector<std::shared_ptr<SiteDocument>> documents;
+          for (const auto& window : windows_) documents.push_back(window->controller().document());
+          return documents;
+      })) {}
 
 Desktop::~Desktop() = default;
 
@@ -87,6 +94,8 @@ void Desktop::showHelp(const QString& anchor) {
     if (!help_) help_ = std::make_unique<HelpWindow>();
     help_->showAnchor(anchor);
 }
+
+void Desktop::showWebAccess(QWidget* parent) { WebAccessDialog(*webAccess_, parent).exec(); }
 
 void Desktop::windowClosed(SiteWindow* window) {
     // The window is still inside its own close event.

@@ -15,6 +15,7 @@ namespace zor {
 class HelpWindow;
 class HistoryStore;
 class SiteWindow;
+class WebAccess;
 
 /// The application with its windows: one for each open Site Document, and the help.
 class Desktop {
@@ -33,6 +34,8 @@ public:
     /// What was open last, or the demo station the first time.
     void openLast();
     void showHelp(const QString& anchor);
+    /// Asks whether browsers see the dashboards.
+    void showWebAccess(QWidget* parent);
     /// Called by a window that has closed.
     void windowClosed(SiteWindow* window);
     /// Closes all windows, asking about unsaved documents; false where the person cancelled.
@@ -48,6 +51,8 @@ private:
     std::shared_ptr<HistoryStore> store_;
     std::vector<std::unique_ptr<SiteWindow>> windows_;
     std::unique_ptr<HelpWindow> help_;
+    /// Ends before the documents that it serves.
+    std::unique_ptr<WebAccess> webAccess_;
 };
 
 }  // namespace zor

@@ -65,6 +65,7 @@ void SiteMenus::makeFileMenu() {
     addSender(menu, QObject::tr("&Export Dashboard..."), {}, "exportDashboard:");
     menu.addSeparator();
     addSender(menu, QObject::tr("&Print..."), QKeySequence::Print, "printDocument");
+    add(menu, QObject::tr("&Web Access..."), {}, [&] { desktop.showWebAccess(&window_); });
     menu.addSeparator();
     add(menu, QObject::tr("&Close Window"), QKeySequence::Close, [this] { window_.close(); });
     add(menu, QObject::tr("&Quit"), QKeySequence::Quit, [&] { desktop.quit(); });

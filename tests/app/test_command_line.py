@@ -211,8 +211,8 @@ class CommandLineTest(unittest.TestCase):
             self.assertRegex(url, r"^http://127\.0\.0\.1:\d+/$")
             page = urllib.request.urlopen(url, timeout=30).read().decode()
             for title in TITLES:
-                self.assertIn(f"<h2>{title}</h2>", page)
-            picture = page.split('<img src="')[1].split('"')[0]
+                self.assertIn(f">{title}</a></h2>", page)
+            picture = page.split('<h2><a href="')[1].split('"')[0]
             with urllib.request.urlopen(url[:-1] + picture, timeout=30) as answer:
                 self.assertEqual(answer.headers["Content-Type"], "image/png")
                 self.assertEqual(answer.headers["Cache-Control"], "no-store")

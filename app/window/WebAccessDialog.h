@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QDialog>
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+class QSpinBox;
+
+namespace zor {
+
+class WebAccess;
+
+/// Switches the web access on and off and shows its addresses. What is chosen holds at once.
+class WebAccessDialog : public QDialog {
+public:
+    WebAccessDialog(WebAccess& access, QWidget* parent);
+
+private:
+    void choose();
+    void refresh();
+    void showAddresses();
+
+    WebAccess& access_;
+    QCheckBox* serves_ = nullptr;
+    QCheckBox* servesOthers_ = nullptr;
+    QSpinBox* port_ = nullptr;
+    QLabel* trouble_ = nullptr;
+    QWidget* addresses_ = nullptr;
+    QPushButton* close_ = nullptr;
+};
+
+}  // namespace zor
