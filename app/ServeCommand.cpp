@@ -2,6 +2,7 @@
 #include <cstdio>
 
 #include "app/Commands.h"
+#include "app/DataFolder.h"
 #include "app/Runtime.h"
 #include "app/SiteSession.h"
 #include "app/StationStore.h"
@@ -13,7 +14,7 @@ namespace {
 
 constexpr std::uint16_t usualPort = 8087;
 
-/// "ADDRESS:PORT", "[::1]:PORT" or "PORT".
+/// "ADDRESS:PORT", "[::1]:PORT", "localhost:PORT" or "PORT".
 Result<WebServer::Options> parseAddress(const std::string& text) {
     WebServer::Options options;
     const std::size_t colon = text.rfind(':');
@@ -31,14 +32,35 @@ Result<WebServer::Options> parseAddress(const std::string& text) {
     return options;
 }
 
+/// The token of a site stays the same however its file is named in the call.
+void keepTokenFor(const std::string& site, WebServer::Options& options) {
+    if (const auto folder = dataFolder()) options.tokenFolder = *folder / "web";
+    std::error_code error;
+    const auto path = std::filesystem::weakly_canonical(site, error);
+    options.site = site == "demo" || error ? site : path.string();
+}
+
+void sayWhere(const std::string& name, const WebServer& server) {
+    const char* words = "The dashboards of %s are at %s\n";
+    for (const auto& address : server.addresses()) {
+        std::printf(words, name.c_str(), server.withToken(address).c_str());
+        words = "The dashboards of %s are also at %s\n";
+    }
+    if (server.needsToken()) {
+        std::printf("Whoever has this address sees them; its token is kept in %s\n", server.tokenFile().c_str());
+    }
+    std::fflush(stdout);
+}
+
 int run(std::span<const std::string> words) {
     static constexpr std::array<std::string_view, 1> valued{"--http"};
     const auto arguments = Arguments::parse(words, valued);
     if (!arguments) return failUsage(serveCommand, arguments.error().message);
     if (arguments->words().size() != 1) return failUsage(serveCommand, "name one SITE");
     const auto asked = arguments->option("--http");
-    const auto options = parseAddress(asked.value_or("127.0.0.1:" + std::to_string(usualPort)));
+    auto options = parseAddress(asked.value_or(std::to_string(usualPort)));
     if (!options) return failUsage(serveCommand, options.error().message);
+    keepTokenFor(arguments->words()[0], *options);
 
     HeadlessRuntime runtime;
     const auto session = SiteSession::open(arguments->words()[0], runtime.plugIns());
@@ -56,14 +78,15 @@ int run(std::span<const std::string> words) {
     // A usual port that is taken is no reason not to serve.
     if (!server && !asked) server = WebServer::start({}, handler);
     if (!server) return fail(server.error().message);
-    std::printf("The dashboards of %s are at %s\n", site.agent()->name().c_str(), (*server)->url().c_str());
-    std::fflush(stdout);
+    sayWhere(site.agent()->name(), **server);
     return runtime.runEventLoop();
 }
 
 }  // namespace
 
 const Command serveCommand{"serve", "serve SITE [--http ADDRESS:PORT]",
-                           "Serves the dashboards to browsers on this machine, without a window.", run};
+                           "Serves the dashboards to browsers, without a window: on this machine alone, or with a "
+                           "token on the address of your choice.",
+                           run};
 
 }  // namespace zor

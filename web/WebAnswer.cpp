@@ -7,8 +7,7 @@ WebAnswer WebAnswer::text(int status, std::string_view text) {
 }
 
 WebAnswer WebAnswer::html(std::string_view text) {
-    return {.contentType = "text/html; charset=utf-8",
-            .body = std::make_shared<const Bytes>(text.begin(), text.end())};
+    return {.contentType = "text/html; charset=utf-8", .body = std::make_shared<const Bytes>(text.begin(), text.end())};
 }
 
 WebAnswer WebAnswer::busy() {

@@ -234,8 +234,9 @@ class CommandLineTest(unittest.TestCase):
             _, errors = server.communicate(timeout=30)
         self.assertEqual(server.returncode, 0, errors)
 
-    def test_serving_elsewhere_than_on_this_machine_is_refused(self):
-        self.refuse("0.0.0.0", "serve", "demo", "--http", "0.0.0.0:0")
+    def test_serving_on_an_address_of_another_machine_is_refused(self):
+        self.refuse("192.0.2.1", "serve", "demo", "--http", "192.0.2.1:0")
+        self.refuse("garden", "serve", "demo", "--http", "garden:0")
 
 
 if __name__ == "__main__":
