@@ -16,6 +16,7 @@
 #include "app/window/Desktop.h"
 #include "app/window/EditorState.h"
 #include "app/window/SiteWindow.h"
+#include "app/window/UnlinkedWindow.h"
 
 namespace zor {
 
@@ -121,6 +122,7 @@ void SiteMenus::makeViewMenu() {
         group->addAction(action);
     }
     addAppearanceMenu(menu);
+    add(menu, QObject::tr("U&nlinked Instruments..."), {}, [this] { UnlinkedWindow::showFor(window_); });
     menu.addSeparator();
     auto* list = add(menu, QObject::tr("&List of Dashboards"), QKeySequence(Qt::Key_F9),
                      [this] { window_.setListVisible(!window_.isListVisible()); });

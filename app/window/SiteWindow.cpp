@@ -16,6 +16,7 @@
 #include "app/window/Desktop.h"
 #include "app/window/PlugInList.h"
 #include "app/window/SiteMenus.h"
+#include "app/window/UnlinkedWindow.h"
 #include "qt/QtWindowPeer.h"
 #include "qt/ViewTreeWidget.h"
 
@@ -52,9 +53,11 @@ SiteWindow::SiteWindow(Desktop& desktop, std::shared_ptr<SiteSession> session)
 
     makeToolbar();
     stationLabel_ = new QLabel(this);
+    unlinkedLabel_ = new QLabel(this);
     troubleLabel_ = new QLabel(this);
     troubleLabel_->setObjectName("trouble");
     statusBar()->addWidget(stationLabel_, 1);
+    statusBar()->addPermanentWidget(unlinkedLabel_);
     statusBar()->addPermanentWidget(troubleLabel_);
     menus_ = std::make_unique<SiteMenus>(*this, *canvasArea_);
 
@@ -129,6 +132,7 @@ void SiteWindow::refreshStatus() {
                    : tr("no reading yet");
     const QString text = tr("%1: %2").arg(station, when);
     if (stationLabel_->text() != text) stationLabel_->setText(text);
+    unlinkedLabel_->setText(unlinkedNotice(unlinkedInstrumentsOf(controller(), *document().agent()).size()));
     troubleLabel_->setText(QString::fromStdString(session_->trouble()));
 }
 

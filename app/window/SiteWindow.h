@@ -61,6 +61,7 @@ private:
     PlugInList* list_ = nullptr;
     ViewTreeWidget* canvasArea_ = nullptr;
     QLabel* stationLabel_ = nullptr;
+    QLabel* unlinkedLabel_ = nullptr;
     QLabel* troubleLabel_ = nullptr;
     std::unique_ptr<SiteMenus> menus_;
     EditWatch edits_;

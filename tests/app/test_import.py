@@ -1,13 +1,15 @@
 #!/usr/bin/env python3
-"""Importing dashboard files: of this station, of another, of earlier programs, and what is none."""
+"""Importing dashboard files: of this station, of another, of earlier programs, and what is none; and what `inspect`
+says of it beforehand."""
 
+import json
 import pathlib
 import plistlib
 import subprocess
 import sys
 import unittest
 
-from driving import DrivenTest
+from driving import STATION, DrivenTest
 
 RENAME = pathlib.Path(__file__).resolve().parents[2] / "tools" / "rename-classes"
 GARDEN = {"name": "Garden", "properties": {"outdoorTemperature": {"value": 21.5, "unit": "°C"},
@@ -157,6 +159,14 @@ class OfAnotherStation(Import):
         self.import_file("out.zordashboard", warned="Garden")
         widget, = self.state()["widgets"]
         self.assertIsNone(widget["property"])
+        self.assertNotIn("m/s", widget["instrument"].get("text", ""))
+
+    def test_an_unknown_name_stays_unlinked_in_a_saved_document(self):
+        self.export(widgets=[{"kind": "textField", "frame": [0, 0, 90, 20], "property": "windSpeed"}])
+        self.do("new", agent=ROOF)
+        self.import_file("out.zordashboard", warned="Garden")
+        self.do("roundtrip")
+        self.assertIsNone(self.state()["widgets"][0]["property"])
 
 
 class OfEarlierPrograms(Import):
@@ -210,6 +220,97 @@ class OfEarlierPrograms(Import):
         self.import_file("old.zordashboard")
         self.assertEqual(self.titles(), ["Mine"])
         self.assertIsNone(self.state()["canvas"])
+
+
+class Foretold(Import):
+    """What `inspect --import` says, and that it comes true."""
+
+    def foretell(self, file, *words):
+        run = subprocess.run([STATION, "inspect", self.path(file), "--import", *words], capture_output=True, text=True,
+                             cwd=self.folder.name, check=True)
+        return json.loads(run.stdout)["import"]
+
+    def refuse_to_foretell(self, named, *words):
+        run = subprocess.run([STATION, "inspect", *words], capture_output=True, text=True, cwd=self.folder.name)
+        self.assertNotEqual(run.returncode, 0)
+        self.assertIn(named, run.stderr)
+
+    def test_stands_beside_what_inspect_shows_without_it(self):
+        self.export()
+        plain, more = (json.loads(subprocess.run([STATION, "inspect", self.path("out.zordashboard"), *words],
+                                                 capture_output=True, text=True, check=True).stdout)
+                       for words in ((), ("--import",)))
+        self.assertEqual(list(plain), ["root"])
+        self.assertEqual(list(more), ["root", "import"])
+        self.assertEqual(plain["root"], more["root"])
+
+    def test_a_whole_file_for_the_demo_station(self):
+        self.export()
+        self.assertEqual(self.foretell("out.zordashboard"), {
+            "agent": "Demo Station", "readable": True, "fault": None, "title": "Mine", "exportedBy": "Garden",
+            "warns": True, "canvas": [0, 0, 400, 200], "widgets": 6, "renamedClasses": {}, "unknownClasses": [],
+            "unlinked": []})
+
+    def test_a_site_of_the_files_own_name_is_not_warned(self):
+        self.export()
+        subprocess.run([STATION, "new", "--name", "Garden", "-o", self.path("garden.site")], check=True)
+        told = self.foretell("out.zordashboard", "--site", self.path("garden.site"))
+        self.assertEqual((told["agent"], told["warns"]), ("Garden", False))
+
+    def test_what_the_station_lacks_with_the_nearest_it_has(self):
+        agent = {"name": "Roof", "properties": {"anemometerSpeed": {"value": 3, "unit": "m/s"},
+                                                "insideTemp": {"value": 20, "unit": "°C"},
+                                                "outdoorTemperature": {"value": 5, "unit": "°C"}}}
+        self.export(agent=agent, widgets=[
+            {"kind": "roundGauge", "frame": [10, 10, 150, 150], "title": "Wind", "property": "anemometerSpeed"},
+            {"kind": "textField", "frame": [170, 10, 100, 30], "property": "outdoorTemperature"},
+            {"kind": "plotView", "frame": [10, 170, 300, 120], "property": "insideTemp"}])
+        told = self.foretell("out.zordashboard")["unlinked"]
+        self.assertEqual([(each["kind"], each["title"], each["frame"], each["property"]) for each in told],
+                         [("roundGauge", "Wind", [10, 10, 150, 150], "anemometerSpeed"),
+                          ("plotView", None, [10, 170, 300, 120], "insideTemp")])
+        self.assertEqual(told[0]["nearest"], ["windSpeed", "windGust"])
+        self.assertEqual(told[1]["nearest"][0], "indoorTemperature")
+        self.do("new", agent=ROOF)
+        self.import_file("out.zordashboard")
+        self.assertEqual([each["property"] for each in self.state()["widgets"]], [None, "outdoorTemperature", None])
+
+    def test_names_of_earlier_programs(self):
+        self.export()
+        self.rename("old.qm4dashboard", "ZORTextFieldView=QM4TextFieldView",
+                    "ZORRoundGaugeView=ZORDirectionGaugeView", "ZORDashboardEditView=DashboardEditView")
+        told = self.foretell("old.qm4dashboard")
+        self.assertEqual(told["renamedClasses"], {"QM4TextFieldView": "ZORTextFieldView",
+                                                  "ZORDirectionGaugeView": "ZORRoundGaugeView",
+                                                  "DashboardEditView": "ZORDashboardEditView"})
+        self.assertEqual((told["unknownClasses"], told["canvas"], told["widgets"]), ([], [0, 0, 400, 200], 6))
+
+    def test_unknown_classes_are_left_out(self):
+        self.export()
+        self.rename("old.qmxdashboard", "ZORTextFieldView=OldLabel", "ZORLEDView=OldLamp")
+        told = self.foretell("old.qmxdashboard")
+        self.assertEqual((told["readable"], sorted(told["unknownClasses"]), told["renamedClasses"], told["widgets"]),
+                         (True, ["OldLabel", "OldLamp"], {}, 6))
+
+    def test_an_old_prefix_that_leads_nowhere_spoils_the_file(self):
+        self.export()
+        self.rename("old.qm4dashboard", "ZORRoundGaugeView=QM4DirectionGaugeView")
+        told = self.foretell("old.qm4dashboard")
+        self.assertEqual((told["readable"], told["canvas"], told["title"], told["warns"], told["unknownClasses"]),
+                         (False, None, None, True, ["QM4DirectionGaugeView"]))
+        self.assertIn("QM4DirectionGaugeView", told["fault"])
+
+    def test_a_site_document_is_no_dashboard(self):
+        subprocess.run([STATION, "new", "--name", "Garden", "-o", self.path("garden.site")], check=True)
+        told = self.foretell("garden.site")
+        self.assertEqual((told["canvas"], told["title"], told["warns"], told["unlinked"]), (None, None, True, []))
+
+    def test_what_is_wrong_is_named(self):
+        self.export()
+        self.refuse_to_foretell("missing.zordashboard", "missing.zordashboard", "--import")
+        self.refuse_to_foretell("missing.site", "out.zordashboard", "--import", "--site", "missing.site")
+        self.refuse_to_foretell("--site", "out.zordashboard", "--site", "demo")
+        self.refuse_to_foretell("FILE", "--import")
 
 
 class WhatIsNoDashboard(Import):

@@ -23,9 +23,9 @@ namespace {
 
 using test::box;
 
-constexpr std::array<std::string_view, 11> kinds{"textField",      "dateTimeField", "box",       "imageView",
-                                                 "led",            "mapView",       "webView",   "plotView",
-                                                 "levelIndicator", "roundGauge",    "linearGauge"};
+constexpr std::array<std::string_view, 11> kinds{
+    "textField", "dateTimeField",  "box",        "imageView",  "led", "mapView", "webView",
+    "plotView",  "levelIndicator", "roundGauge", "linearGauge"};
 constexpr rlim_t mostMemory = rlim_t{256} << 20;
 constexpr double mostSeconds = 1;
 constexpr std::size_t allChanges = 10000, someChanges = 60, someLengths = 60;
