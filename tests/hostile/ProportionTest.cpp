@@ -1,0 +1,149 @@
+// Documents with very many of something: what they cost grows with their size, not with its square. Four times as much
+// must not take more than ten times as long, where its square would take sixteen.
+
+#include <gtest/gtest.h>
+
+#include "host/station/SiteDocument.h"
+#include "tests/hostile/ArchiveBuilder.h"
+#include "tests/hostile/Resources.h"
+#include "tests/hostile/SampleDocuments.h"
+
+namespace zor::test {
+namespace {
+
+using Number = ArchiveBuilder::Number;
+
+constexpr std::size_t few = 5'000;
+constexpr std::size_t many = 4 * few;
+constexpr double mostGrowth = 10;
+
+/// Opening and closing a Site Document of that kind.
+template <typename Make>
+void expectProportion(const char* what, Make make) {
+    const auto run = [](const Bytes& data) {
+        const auto status = openSite(data);
+        EXPECT_TRUE(status) << status.error().message;
+    };
+    const Bytes small = make(few);
+    const Bytes large = make(many);
+    const TimeLimit limit(what, 120);
+    const double quick = secondsOf([&](std::size_t) { run(small); }, few);
+    const double slow = secondsOf([&](std::size_t) { run(large); }, many);
+    EXPECT_LT(slow, mostGrowth * quick) << what << ": " << quick << " s and " << slow << " s";
+}
+
+/// A Site Document of a station with these properties and plug-ins.
+Bytes siteOf(ArchiveBuilder& archive, Number arrayClass, Number properties, Number plugIns) {
+    const Number agent = archive.object(archive.classOf("ZORAgent"), {{"properties", archive.uid(properties)}});
+    const Number none = archive.array(arrayClass, {});
+    return archive.finish(archive.object(archive.classOf("ZORSiteDocument"), {{"agent", archive.uid(agent)},
+                                                                             {"plugIns", archive.uid(plugIns)},
+                                                                             {"entryPlugIns", archive.uid(none)}}));
+}
+
+Number dashboardOf(ArchiveBuilder& archive, Number arrayClass, const std::vector<Number>& widgets) {
+    const Number canvas = archive.object(
+        archive.classOf("ZORDashboardEditView"),
+        {{"frame", archive.rawText("{{0, 0}, {400, 300}}")}, {"subviews", archive.uid(archive.array(arrayClass, widgets))}});
+    return archive.object(archive.classOf("ZORDashboardPlugIn"), {{"editView", archive.uid(canvas)}});
+}
+
+TEST(Proportion, Dashboards) {
+    expectProportion("dashboards", [](std::size_t count) {
+        ArchiveBuilder archive;
+        const Number arrayClass = archive.classOf("NSArray");
+        const Number dashboardClass = archive.classOf("ZORDashboardPlugIn");
+        std::vector<Number> all;
+        for (std::size_t index = 0; index < count; ++index) all.push_back(archive.object(dashboardClass));
+        return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, all));
+    });
+}
+
+TEST(Proportion, Properties) {
+    expectProportion("properties", [](std::size_t count) {
+        ArchiveBuilder archive;
+        const Number arrayClass = archive.classOf("NSArray");
+        const Number propertyClass = archive.classOf("ZORProperty");
+        std::vector<Number> all;
+        for (std::size_t index = 0; index < count; ++index) {
+            const auto name = archive.uid(archive.text("property" + std::to_string(index)));
+            all.push_back(archive.object(propertyClass, {{"name", name}}));
+        }
+        return siteOf(archive, arrayClass, archive.array(arrayClass, all), archive.array(arrayClass, {}));
+    });
+}
+
+/// Widgets of that class, each with a property of its own where `linked`.
+Bytes siteWithWidgets(std::size_t count, std::string_view className, bool linked) {
+    ArchiveBuilder archive;
+    const Number arrayClass = archive.classOf("NSArray");
+    const Number propertyClass = archive.classOf("ZORProperty");
+    const Number targetClass = archive.classOf(className);
+    const Number widgetClass = archive.classOf("ZORWidgetHostView");
+    std::vector<Number> properties;
+    std::vector<Number> widgets;
+    for (std::size_t index = 0; index < count; ++index) {
+        const auto name = archive.uid(archive.text("property" + std::to_string(linked ? index : 0)));
+        if (linked || index == 0) properties.push_back(archive.object(propertyClass, {{"name", name}}));
+        const Number target = archive.object(targetClass, {{"propertyName", name}});
+        widgets.push_back(archive.object(widgetClass, {{"targetView", archive.uid(target)}}));
+    }
+    const Number dashboard = dashboardOf(archive, arrayClass, widgets);
+    return siteOf(archive, arrayClass, archive.array(arrayClass, properties), archive.array(arrayClass, {dashboard}));
+}
+
+TEST(Proportion, WidgetsOfOneProperty) {
+    expectProportion("widgets of one property",
+                     [](std::size_t count) { return siteWithWidgets(count, "ZORTextFieldView", false); });
+}
+
+TEST(Proportion, WidgetsOfAPropertyEach) {
+    expectProportion("widgets of a property each",
+                     [](std::size_t count) { return siteWithWidgets(count, "ZORLEDView", true); });
+}
+
+TEST(Proportion, Clocks) {
+    expectProportion("clocks", [](std::size_t count) { return siteWithWidgets(count, "ZORDateTimeFieldView", false); });
+}
+
+TEST(Proportion, Plots) {
+    expectProportion("plots", [](std::size_t count) { return siteWithWidgets(count, "ZORPlotView", false); });
+}
+
+TEST(Proportion, SelectedWidgets) {
+    expectProportion("selected widgets", [](std::size_t count) {
+        ArchiveBuilder archive;
+        const Number arrayClass = archive.classOf("NSArray");
+        const Number widgetClass = archive.classOf("ZORWidgetHostView");
+        std::vector<Number> widgets;
+        for (std::size_t index = 0; index < count; ++index) widgets.push_back(archive.object(widgetClass));
+        const Number all = archive.array(arrayClass, widgets);
+        const Number canvas = archive.object(archive.classOf("ZORDashboardEditView"), {{"subviews", archive.uid(all)}});
+        const Number dashboard =
+            archive.object(archive.classOf("ZORDashboardPlugIn"),
+                           {{"editView", archive.uid(canvas)}, {"selectedObjects", archive.uid(all)}});
+        return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, {dashboard}));
+    });
+}
+
+TEST(Proportion, AMillionTimesTheSameDashboardAndWidget) {
+    ArchiveBuilder archive;
+    const Number arrayClass = archive.classOf("NSArray");
+    const Number widget = archive.object(archive.classOf("ZORWidgetHostView"));
+    const Number dashboard = dashboardOf(archive, arrayClass, std::vector<Number>(1'000'000, widget));
+    const Bytes data = siteOf(archive, arrayClass, archive.array(arrayClass, {}),
+                              archive.array(arrayClass, std::vector<Number>(1'000'000, dashboard)));
+    const TimeLimit limit("a million times the same dashboard", 120);
+    const MemoryMeter meter;
+    const auto document = SiteDocument::fromArchive(data, {});
+    ASSERT_TRUE(document) << document.error().message;
+    const auto& plugIns = (*document)->siteWindowController()->plugIns();
+    ASSERT_EQ(plugIns.size(), 1u);
+    const auto read = std::dynamic_pointer_cast<ZORDashboardPlugIn>(plugIns[0]);
+    EXPECT_EQ(read->editView()->subviews().size(), 1u);
+    EXPECT_LT(meter.peak(), std::size_t{256} << 20);
+    (*document)->close();
+}
+
+}  // namespace
+}  // namespace zor::test

@@ -1,0 +1,61 @@
+#pragma once
+// What a piece of work takes of memory and processor time.
+
+#include <cstddef>
+#include <string>
+
+namespace zor::test {
+
+/// Bytes and pieces of memory that the program holds at this moment, all threads together.
+struct LiveMemory {
+    std::size_t bytes = 0;
+    std::size_t pieces = 0;
+    bool operator==(const LiveMemory&) const = default;
+};
+LiveMemory liveMemory();
+
+/// From its making on: the most bytes held at any moment beyond those held at the beginning, and all that were asked
+/// for, which grows with the work done.
+class MemoryMeter {
+public:
+    MemoryMeter();
+    std::size_t peak() const;
+    std::size_t allocated() const;
+
+private:
+    std::size_t bytesAtStart_;
+    std::size_t allocatedAtStart_;
+};
+
+/// Ends the program with an error that names the work, where that takes more processor time than the seconds given:
+/// work that may never end would otherwise only stop the tests.
+class TimeLimit {
+public:
+    TimeLimit(std::string work, double seconds);
+    TimeLimit(const TimeLimit&) = delete;
+    TimeLimit& operator=(const TimeLimit&) = delete;
+    ~TimeLimit();
+};
+
+/// Processor time that the work of `run(size)` takes, as the least of three runs.
+template <typename Run>
+double secondsOf(Run&& run, std::size_t size);
+
+double processorSeconds();
+
+template <typename Run>
+double secondsOf(Run&& run, std::size_t size) {
+    double least = 1e9;
+    for (int trial = 0; trial < 3; ++trial) {
+        const double start = processorSeconds();
+        run(size);
+        const double taken = processorSeconds() - start;
+        least = taken < least ? taken : least;
+    }
+    return least;
+}
+
+/// Whether the variable asks for everything instead of a portion.
+bool wantsAll();
+
+}  // namespace zor::test
