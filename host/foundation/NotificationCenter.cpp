@@ -1,6 +1,7 @@
 #include "host/foundation/NotificationCenter.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace zor {
 
@@ -14,19 +15,24 @@ void NotificationCenter::addObserver(const Object* observer, std::string_view na
                                      Handler handler) {
     registrations_.push_back(
         std::make_shared<Registration>(Registration{observer, std::string(name), sender, std::move(handler)}));
+    ofObserver_.emplace(observer, std::prev(registrations_.end()));
 }
 
 void NotificationCenter::removeObserver(const Object* observer, std::string_view name, const Object* sender) {
     // Kept alive until the end, as a handler may own what removes further observers when it dies.
     std::vector<std::shared_ptr<Registration>> removed;
-    std::erase_if(registrations_, [&](const auto& registration) {
-        if (registration->observer != observer || registration->name != name || registration->sender != sender) {
-            return false;
+    const auto [first, last] = ofObserver_.equal_range(observer);
+    for (auto each = first; each != last;) {
+        const auto& registration = *each->second;
+        if (registration->name != name || registration->sender != sender) {
+            ++each;
+            continue;
         }
         registration->removed = true;
         removed.push_back(registration);
-        return true;
-    });
+        registrations_.erase(each->second);
+        each = ofObserver_.erase(each);
+    }
 }
 
 void NotificationCenter::post(std::string_view name, const Object* sender) {

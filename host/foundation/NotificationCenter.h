@@ -2,10 +2,11 @@
 // Named notifications between objects that do not know each other. Main thread only.
 
 #include <functional>
+#include <list>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <vector>
+#include <unordered_map>
 
 #include "host/foundation/Value.h"
 
@@ -43,7 +44,11 @@ private:
         /// A round of telling that has begun passes it over.
         bool removed = false;
     };
-    std::vector<std::shared_ptr<Registration>> registrations_;
+    using Registrations = std::list<std::shared_ptr<Registration>>;
+
+    /// In their order, and each found by its observer, of whom there may be very many.
+    Registrations registrations_;
+    std::unordered_multimap<const Object*, Registrations::iterator> ofObserver_;
 };
 
 }  // namespace zor

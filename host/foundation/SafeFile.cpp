@@ -1,11 +1,11 @@
 #include "host/foundation/SafeFile.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
-#include <atomic>
 #include <cerrno>
 #include <optional>
 #include <system_error>
@@ -60,20 +60,45 @@ std::optional<fs::path> followLinks(fs::path path) {
 bool writeAll(int file, std::span<const std::uint8_t> data) {
     while (!data.empty()) {
         const auto written = uninterrupted([&] { return ::write(file, data.data(), data.size()); });
-        if (written < 0) return false;
+        if (written <= 0) return false;
         data = data.subspan(static_cast<std::size_t>(written));
     }
     return true;
 }
 
-/// A new file of a name that nobody has, with the permissions every new file gets.
+/// So many programs can write one file at the same time.
+constexpr int mostScraps = 4;
+
+/// Names that are found again after a crash. Files whose long names begin alike share them, which does no harm.
+fs::path scrapOf(const fs::path& path, int number) {
+    constexpr std::size_t longestName = 200;
+    const std::string name = path.filename().string().substr(0, longestName);
+    return path.parent_path() / ("." + name + "." + std::to_string(number) + ".zor-tmp");
+}
+
+/// Whoever writes a scrap holds its lock, which the system lets go with the program.
+bool removeIfAbandoned(const fs::path& scrap) {
+    const Descriptor file(::open(scrap.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    return file && ::flock(file.number(), LOCK_EX | LOCK_NB) == 0 && ::unlink(scrap.c_str()) == 0;
+}
+
+/// A new file beside the path, with the permissions every new file gets.
 Descriptor createBeside(const fs::path& path, fs::path& scrap) {
-    static std::atomic<unsigned> counter = 0;
-    for (;;) {
-        scrap = path.parent_path() / (".zor-" + std::to_string(::getpid()) + "-" + std::to_string(counter++) + ".tmp");
+    for (int number = 0; number < mostScraps; ++number) {
+        scrap = scrapOf(path, number);
+        removeIfAbandoned(scrap);
         Descriptor file(::open(scrap.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644));
-        if (file || errno != EEXIST) return file;
+        if (!file && errno != EEXIST) return file;
+        if (!file) continue;
+        // Before it had its lock it looked abandoned, and another program may be removing it or have done so. A file
+        // system without locks is taken as it is.
+        struct stat status {};
+        const bool isBeingRemoved = ::flock(file.number(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        const bool isRemoved = ::fstat(file.number(), &status) == 0 && status.st_nlink == 0;
+        if (!isBeingRemoved && !isRemoved) return file;
     }
+    errno = EBUSY;
+    return Descriptor(-1);
 }
 
 bool syncFolder(const fs::path& folder) {
@@ -99,6 +124,11 @@ Result<Bytes> readFile(const fs::path& path, std::uintmax_t limit) {
     }
 }
 
+void removeAbandonedScraps(const fs::path& path) {
+    const auto target = followLinks(path);
+    for (int number = 0; target && number < mostScraps; ++number) removeIfAbandoned(scrapOf(*target, number));
+}
+
 Status writeFileAtomically(const fs::path& path, std::span<const std::uint8_t> data) {
     const auto failed = [&path](int code) { return failure("write", path, code); };
 
@@ -115,13 +145,14 @@ Status writeFileAtomically(const fs::path& path, std::span<const std::uint8_t> d
     if (!file) return failed(errno);
     const bool replaced = writeAll(file.number(), data) &&
                           (!exists || ::fchmod(file.number(), old.st_mode & 07777) == 0) &&
-                          ::fsync(file.number()) == 0 && file.close() && ::rename(scrap.c_str(), target->c_str()) == 0;
+                          ::fsync(file.number()) == 0 && ::rename(scrap.c_str(), target->c_str()) == 0;
     if (!replaced) {
         const int code = errno;
         ::unlink(scrap.c_str());
         return failed(code);
     }
-    if (!syncFolder(target->parent_path())) return failed(errno);
+    // Not closed before it has its name, as the lock goes with it.
+    if (!file.close() || !syncFolder(target->parent_path())) return failed(errno);
     return success();
 }
 

@@ -34,8 +34,8 @@ void collectViews(const View& view, std::vector<std::shared_ptr<View>>& views) {
 }  // namespace
 
 std::shared_ptr<Property> PropertyDictionary::find(std::string_view key) const {
-    const auto found = std::ranges::find_if(properties_, [key](const auto& entry) { return entry->hasName(key); });
-    return found == properties_.end() ? nullptr : *found;
+    const auto found = places_.find(key);
+    return found == places_.end() ? nullptr : properties_[found->second];
 }
 
 std::shared_ptr<Property> PropertyDictionary::objectForAnyKey(std::initializer_list<std::string_view> keys) const {
@@ -47,13 +47,17 @@ std::shared_ptr<Property> PropertyDictionary::objectForAnyKey(std::initializer_l
 
 void PropertyDictionary::add(std::shared_ptr<Property> property) {
     if (!property) return;
-    const auto found =
-        std::ranges::find_if(properties_, [&](const auto& entry) { return entry->hasName(property->propertyName()); });
-    if (found == properties_.end()) {
+    const auto [found, isNew] = places_.try_emplace(property->propertyName(), properties_.size());
+    if (isNew) {
         properties_.push_back(std::move(property));
     } else {
-        *found = std::move(property);
+        properties_[found->second] = std::move(property);
     }
+}
+
+void PropertyDictionary::clear() {
+    properties_.clear();
+    places_.clear();
 }
 
 const ClassRecord& Agent::staticClass() {

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <initializer_list>
+#include <map>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,10 +27,12 @@ public:
     const std::vector<std::shared_ptr<Property>>& all() const { return properties_; }
     /// Replaces a property of the same name.
     void add(std::shared_ptr<Property> property);
-    void clear() { properties_.clear(); }
+    void clear();
 
 private:
     std::vector<std::shared_ptr<Property>> properties_;
+    /// Places in the list by name: a file may bring any number of them.
+    std::map<std::string, std::size_t, std::less<>> places_;
 };
 
 /// How a site reaches its station; stored with the Site Document.

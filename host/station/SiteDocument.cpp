@@ -56,6 +56,7 @@ std::shared_ptr<SiteDocument> SiteDocument::create(const std::shared_ptr<Agent>&
 
 Result<std::shared_ptr<SiteDocument>> SiteDocument::open(const std::filesystem::path& file,
                                                          const std::vector<std::shared_ptr<Bundle>>& bundles) {
+    removeAbandonedScraps(file);
     const auto data = readFile(file);
     if (!data) return data.error();
     auto document = fromArchive(*data, bundles);
@@ -191,7 +192,7 @@ bool SiteDocument::initWithCoder(Decoder& decoder) {
     if (!controller) controller = std::make_shared<SiteWindowController>();
     adopt(decoder.decodeObject<Agent>("agent"), controller);
     if (!agent_) fault_ = "agent: the Site Document has none";
-    for (const auto& plugIn : decodePlugIns(decoder, "plugIns", fault_)) controller->addPlugIn(plugIn, false);
+    controller->addPlugIns(decodePlugIns(decoder, "plugIns", fault_));
     entryPlugIns_ = decodePlugIns(decoder, "entryPlugIns", fault_);
     for (const auto& plugIn : entryPlugIns_) plugIn->didLoad();
     const auto count = controller->plugIns().size();

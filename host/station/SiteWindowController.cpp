@@ -1,6 +1,8 @@
 #include "host/station/SiteWindowController.h"
 
 #include <algorithm>
+#include <iterator>
+#include <set>
 #include <utility>
 
 #include "host/foundation/ClassBuilder.h"
@@ -62,6 +64,17 @@ void SiteWindowController::addPlugIn(const std::shared_ptr<ZORPlugIn>& plugIn, b
         plugIn->didLoad();
     }
     if (select) selectPlugInAtIndex(static_cast<std::int64_t>(indexOf(plugIn.get())));
+}
+
+void SiteWindowController::addPlugIns(const std::vector<std::shared_ptr<ZORPlugIn>>& plugIns) {
+    std::set<std::shared_ptr<ZORPlugIn>> known(plugIns_.begin(), plugIns_.end());
+    known.insert(nullptr);
+    const std::size_t first = plugIns_.size();
+    std::ranges::copy_if(plugIns, std::back_inserter(plugIns_),
+                         [&](const auto& plugIn) { return known.insert(plugIn).second; });
+    notifyChanged();
+    const std::vector added(plugIns_.begin() + static_cast<std::ptrdiff_t>(first), plugIns_.end());
+    for (const auto& plugIn : added) plugIn->didLoad();
 }
 
 void SiteWindowController::removePlugInAtIndex(std::size_t index) {

@@ -50,6 +50,8 @@ public:
     void addPlugIn(const std::shared_ptr<ZORPlugIn>& plugIn, bool select);
     /// `nameUniquely` turns a title that another entry has into "Weather 2", "Weather 3" ...
     void addPlugIn(const std::shared_ptr<ZORPlugIn>& plugIn, bool nameUniquely, bool select);
+    /// All of them as addPlugIn does, told of once: in time that grows with their number, however large.
+    void addPlugIns(const std::vector<std::shared_ptr<ZORPlugIn>>& plugIns);
     /// The selection goes to the entry that takes the place, or to the last.
     void removePlugInAtIndex(std::size_t index);
     /// Puts `replacement` at the old plug-in's place in the list, selected if that was.

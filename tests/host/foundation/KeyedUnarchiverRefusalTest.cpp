@@ -46,6 +46,9 @@ TEST(KeyedUnarchiverRefusal, WrongOrMissingTopEntries) {
     EXPECT_EQ(faultOfText(archiveWith("$version", integer(100001))), "\"$version\" is 100001 instead of 100000");
     EXPECT_EQ(faultOfText(archiveWith("$version", string("100000"))),
               "\"$version\" in the archive is of the wrong kind");
+    EXPECT_EQ(faultOfText(archiveWith("$version", "<real>100000</real>")),
+              "\"$version\" in the archive is of the wrong kind");
+    EXPECT_EQ(faultOfText(archiveWith("$version", "<true/>")), "\"$version\" in the archive is of the wrong kind");
     EXPECT_EQ(faultOfText(archiveWith("$top", "")), "the archive has no \"$top\"");
     EXPECT_EQ(faultOfText(archiveWith("$top", array({}))), "\"$top\" in the archive is of the wrong kind");
     EXPECT_EQ(faultOfText(archiveWith("$top", dictionary({}))), "\"$top\" has no reference under \"root\"");
@@ -65,6 +68,30 @@ TEST(KeyedUnarchiverRefusal, ReferenceToNothing) {
               "object 1 refers to object 4611686018427387904, which does not exist");
     EXPECT_EQ(faultOf({object(2, {entry("name", uid(9))}), classRecord("ArchiveTestNode")}),
               "object 1 refers to object 9, which does not exist");
+}
+
+TEST(KeyedUnarchiverRefusal, ReferencesToNothingOfEveryWidth) {
+    registerClasses();
+    for (int size = 1; size <= 8; ++size) {
+        PropertyListBytes bytes;
+        const auto number = (std::uint64_t{1} << (8 * size - 1)) + 1;
+        Bytes uidObject{static_cast<std::uint8_t>(0x80 | (size - 1))};
+        PropertyListBytes::append(uidObject, number, static_cast<std::size_t>(size));
+        const auto one = [](std::uint64_t index) { return static_cast<int>(index); };
+        const auto reference = one(bytes.add(uidObject));
+        const auto null = one(bytes.addText("$null"));
+        const auto top = one(bytes.add({0xD1, one(bytes.addText("root")), reference}));
+        const auto objects = one(bytes.add({0xA1, null}));
+        const auto name =
+            one(bytes.add({0x5F, 0x10, 15, 'N', 'S', 'K', 'e', 'y', 'e', 'd', 'A', 'r', 'c', 'h', 'i', 'v', 'e', 'r'}));
+        const auto version = one(bytes.add({0x12, 0, 1, 0x86, 0xA0}));
+        const int keys[] = {one(bytes.addText("$archiver")), one(bytes.addText("$version")), one(bytes.addText("$top")),
+                            one(bytes.addText("$objects"))};
+        bytes.add({0xD4, keys[0], keys[1], keys[2], keys[3], name, version, top, objects});
+        const auto root = KeyedUnarchiver::unarchivedRoot(bytes.finish());
+        ASSERT_FALSE(root) << size;
+        EXPECT_EQ(root.error().message, "the root is object " + std::to_string(number) + ", which does not exist");
+    }
 }
 
 TEST(KeyedUnarchiverRefusal, ObjectsThatAreNone) {

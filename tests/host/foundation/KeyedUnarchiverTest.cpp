@@ -46,6 +46,27 @@ TEST(KeyedUnarchiver, ReadsTopKeysInAnyOrderAndPassesOverOthers) {
     EXPECT_EQ(*root, Value("x"));
 }
 
+TEST(KeyedUnarchiver, ReadsObjectsAndTheirKeysInAnyOrder) {
+    registerClasses();
+    // The class comes before its objects and first among their keys, the root last of all.
+    const auto text = dictionary(
+        {entry("$top", dictionary({entry("root", uid(4))})), entry("$version", integer(100000)),
+         entry("$objects", array({string("$null"), classRecord("ArchiveTestNode"), string("inner"),
+                                  dictionary({entry("$class", uid(1)), entry("name", uid(2))}),
+                                  dictionary({entry("$class", uid(1)), entry("later", uid(2)), entry("other", uid(3)),
+                                              entry("count", integer(4))})})),
+         entry("$archiver", string("NSKeyedArchiver"))});
+    for (const Bytes& data : {bytesOf(text), binaryOf(text)}) {
+        const auto root = KeyedUnarchiver::unarchivedRoot(data);
+        ASSERT_TRUE(root) << root.error().message;
+        const auto node = root->as<Node>();
+        ASSERT_TRUE(node);
+        EXPECT_EQ(node->count, 4);
+        ASSERT_TRUE(std::dynamic_pointer_cast<Node>(node->other));
+        EXPECT_EQ(std::static_pointer_cast<Node>(node->other)->name, "inner");
+    }
+}
+
 TEST(KeyedUnarchiver, ReadsPlainRoots) {
     EXPECT_EQ(valueOf({string("text")}), Value("text"));
     EXPECT_EQ(valueOf({integer(5)}), Value(5));
@@ -321,6 +342,21 @@ TEST(KeyedUnarchiver, GivesTheDelegateTheNameWhereThereAreNoClasses) {
     options.delegate = &delegate;
     ASSERT_TRUE(KeyedUnarchiver::unarchivedRoot(binaryOf(archiveText({object(2), classRecord("Old")})), options));
     EXPECT_EQ(delegate.originals, (std::vector<std::string>{"Old"}));
+}
+
+TEST(KeyedUnarchiver, AsksTheDelegateForNamesOfUpTo1000Bytes) {
+    Delegate delegate(&Node::staticClass());
+    UnarchivingOptions options;
+    options.delegate = &delegate;
+    registerClasses();
+    const auto readWithName = [&](std::size_t size) {
+        const auto archive = archiveText({object(2), classRecord(std::string(size, 'x'))});
+        return static_cast<bool>(KeyedUnarchiver::unarchivedRoot(binaryOf(archive), options));
+    };
+    EXPECT_TRUE(readWithName(1000));
+    EXPECT_EQ(delegate.names.size(), 1u);
+    EXPECT_FALSE(readWithName(1001));
+    EXPECT_EQ(delegate.names.size(), 1u);
 }
 
 TEST(KeyedUnarchiver, TheDelegateMayAnswerWithTheNullPlaceholder) {

@@ -1,8 +1,11 @@
 #include "host/foundation/SafeFile.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 
@@ -144,6 +147,52 @@ TEST_F(SafeFileTest, FailedWriteKeepsTheOldFileAndLeavesNoScrap) {
     ASSERT_FALSE(written);
     EXPECT_EQ(written.error().message, "cannot write \"" + file.string() + "\": File too large");
     EXPECT_EQ(contents(file), "old");
+    EXPECT_EQ(entries(), 1);
+}
+
+TEST_F(SafeFileTest, ScrapsOfAKilledProgramGoWithTheNextWriting) {
+    const auto file = folder.write("file", "old");
+    folder.write(".file.0.zor-tmp", "half of i");
+    folder.write(".file.3.zor-tmp", "half");
+    folder.write(".other.0.zor-tmp", "of another file");
+    removeAbandonedScraps(file);
+    EXPECT_EQ(entries(), 2);
+    EXPECT_EQ(contents(folder / ".other.0.zor-tmp"), "of another file");
+    EXPECT_EQ(contents(file), "old");
+
+    folder.write(".file.0.zor-tmp", "half of i");
+    ASSERT_TRUE(writeFileAtomically(file, bytes("new")));
+    EXPECT_EQ(contents(file), "new");
+    EXPECT_EQ(entries(), 2);
+}
+
+TEST_F(SafeFileTest, ScrapsThatAnotherProgramIsWritingStay) {
+    const auto file = folder.write("file", "old");
+    std::vector<int> writers;
+    for (int number = 0; number < 4; ++number) {
+        const auto scrap = folder.write(".file." + std::to_string(number) + ".zor-tmp", "theirs");
+        writers.push_back(::open(scrap.c_str(), O_WRONLY | O_CLOEXEC));
+        ASSERT_EQ(::flock(writers.back(), LOCK_EX), 0);
+    }
+    removeAbandonedScraps(file);
+    EXPECT_EQ(entries(), 5);
+    const auto refused = writeFileAtomically(file, bytes("new"));
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().message, "cannot write \"" + file.string() + "\": Device or resource busy");
+    EXPECT_EQ(contents(file), "old");
+
+    ::close(writers[2]);
+    EXPECT_TRUE(writeFileAtomically(file, bytes("new")));
+    EXPECT_EQ(contents(file), "new");
+    EXPECT_EQ(contents(folder / ".file.1.zor-tmp"), "theirs");
+    EXPECT_EQ(entries(), 4);
+    for (const int number : {0, 1, 3}) ::close(writers[static_cast<std::size_t>(number)]);
+}
+
+TEST_F(SafeFileTest, LongestNamesHaveScrapsToo) {
+    const auto file = folder / std::string(255, 'n');
+    ASSERT_TRUE(writeFileAtomically(file, bytes("new")));
+    EXPECT_EQ(contents(file), "new");
     EXPECT_EQ(entries(), 1);
 }
 
