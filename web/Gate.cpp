@@ -23,7 +23,8 @@ constexpr std::size_t farewellBytes = 64 * 1024;
 constexpr std::chrono::milliseconds longestWait{1000};
 /// Between tries where the system has no descriptors left.
 constexpr std::chrono::milliseconds breather{50};
-constexpr std::size_t acceptedAtOnce = 64;
+/// So that heads are looked at in between.
+constexpr std::size_t acceptedAtOnce = 16;
 
 bool isListener(const Listeners& listeners, int descriptor) {
     return std::ranges::find(listeners.sockets(), descriptor) != listeners.sockets().end();

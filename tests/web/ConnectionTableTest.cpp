@@ -7,17 +7,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-const ConnectionTable::Time start = ConnectionTable::Time() + 1h;
-
-InternetAddress address(const std::string& text) {
-    return InternetAddress::parse(text).value();
-}
-InternetAddress neighbour(int number) {
-    return address("192.168.1." + std::to_string(number));
-}
-
 class ConnectionTableTest : public testing::Test {
 protected:
+    static InternetAddress address(const std::string& text) { return InternetAddress::parse(text).value(); }
+    static InternetAddress neighbour(int number) { return address("192.168.1." + std::to_string(number)); }
+
     std::vector<int> overdue(ConnectionTable::Time now) {
         return table.overdue(now, [&](int socket) { cut.push_back(socket); });
     }
@@ -26,6 +20,7 @@ protected:
         for (int socket = 0; socket < 64; ++socket) table.enter(socket, neighbour(socket / 8), start + socket * 1ms);
     }
 
+    const ConnectionTable::Time start = ConnectionTable::Time() + 1h;
     ConnectionTable table;
     std::vector<int> cut;
 };
