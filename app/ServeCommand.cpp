@@ -7,6 +7,7 @@
 #include "app/SiteSession.h"
 #include "app/StationStore.h"
 #include "app/pages/SitePages.h"
+#include "host/foundation/MainQueue.h"
 
 namespace zor {
 
@@ -78,7 +79,8 @@ int run(std::span<const std::string> words) {
     // A usual port that is taken is no reason not to serve.
     if (!server && !asked) server = WebServer::start({}, handler);
     if (!server) return fail(server.error().message);
-    sayWhere(site.agent()->name(), **server);
+    // From the event loop, so that whoever has read it may end the program with a signal.
+    MainQueue::shared().post([&] { sayWhere(site.agent()->name(), **server); });
     return runtime.runEventLoop();
 }
 

@@ -13,6 +13,8 @@ Reply malformed() {
 Reply headTooLarge() {
     return {WebAnswer::text(431, "The head of the request is too large.\n")};
 }
+/// The library would ask for the body that must not come.
+Reply expectationFailed() { return {WebAnswer::text(417, "Requests end with their head here.\n")}; }
 Reply bodyRefused() {
     return {WebAnswer::text(413, "Requests with a body are not served here.\n")};
 }
@@ -90,6 +92,7 @@ std::optional<Reply> objectionToHeaders(std::string_view lines) {
         const auto value = trimmed(line.substr(colon + 1));
         if (equalsIgnoringCase(name, "host") && ++hosts > 1) return malformed();
         if (equalsIgnoringCase(name, "transfer-encoding")) return bodyRefused();
+        if (equalsIgnoringCase(name, "expect")) return expectationFailed();
         if (equalsIgnoringCase(name, "content-length")) {
             if (value.empty() || value.find_first_not_of("0123456789") != std::string_view::npos) return malformed();
             if (value.find_first_not_of('0') != std::string_view::npos) return bodyRefused();

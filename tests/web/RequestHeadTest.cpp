@@ -59,6 +59,7 @@ TEST(RequestHeadTest, TakesNoBody) {
     EXPECT_EQ(verdict(get("Content-Length:\r\n")), 400);
     EXPECT_EQ(verdict(get("Transfer-Encoding: chunked\r\n")), 413);
     EXPECT_EQ(verdict(get("Transfer-Encoding: identity\r\n")), 413);
+    EXPECT_EQ(verdict(get("Expect: 100-continue\r\n")), 417);
 }
 
 TEST(RequestHeadTest, KnowsTwoMethods) {
