@@ -21,7 +21,8 @@ namespace {
 
 constexpr int firstPortForEverybody = 1024;
 constexpr int lastPort = 65535;
-constexpr int addressWidth = 480;
+/// An address with its token can be read whole.
+constexpr int addressWidth = 580;
 
 }  // namespace
 
@@ -58,6 +59,7 @@ WebAccessDialog::WebAccessDialog(WebAccess& access, QWidget* parent) : QDialog(p
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(serves_);
     layout->addLayout(details);
+    layout->addSpacing(layout->spacing());
     layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     addresses_->setMinimumWidth(addressWidth);

