@@ -241,8 +241,14 @@ private:
              },
              [&] { editor_.select(); }},
             scene_.command([](QGraphicsItem& item) { item.moveBy(1, 0); }));
-        row("align and repaint", editor_.command("alignTopEdges:"),
-            scene_.command([](QGraphicsItem& item) { item.setY(100); }));
+        Task align = editor_.command("alignTopEdges:");
+        align.prepare = [&] {
+            // To move them anew.
+            dashboard.undo({});
+            editor_.select();
+        };
+        row("align and repaint", align,
+            scene_.command([y = 0.0](QGraphicsItem& item) mutable { item.setY(y += 0.001); }));
         dashboard.undo({});
         row("bring to front and repaint", editor_.command("bringToFront:"),
             scene_.command([z = 0.0](QGraphicsItem& item) mutable { item.setZValue(++z); }));

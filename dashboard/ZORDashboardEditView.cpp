@@ -1,5 +1,6 @@
 #include "dashboard/ZORDashboardEditView.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -85,7 +86,12 @@ void ZORDashboardEditView::addSubview(const std::shared_ptr<View>& widget) {
 }
 
 void ZORDashboardEditView::addSubviews(const std::vector<std::shared_ptr<ZORWidgetHostView>>& widgets) {
-    for (const auto& widget : widgets) ZORImageView::addSubview(widget);
+    if (std::ranges::equal(widgets, subviews())) {
+        // Each moved to the top in turn: they end as they stand.
+        setNeedsDisplay(true);
+    } else {
+        for (const auto& widget : widgets) ZORImageView::addSubview(widget);
+    }
     if (!widgets.empty()) numberWidgets();
 }
 

@@ -14,7 +14,7 @@ void ZORDashboardPlugIn::duplicateObject(const ObjectPtr&) {
         copy->setFrame(frameOfCopy(copy->frame()));
         copies.push_back(std::move(copy));
     }
-    for (const auto& source : sources) unselectObject(source);
+    unselectObjects(sources);
     addAndSelect(copies);
 }
 

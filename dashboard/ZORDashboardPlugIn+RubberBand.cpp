@@ -44,14 +44,17 @@ void ZORDashboardPlugIn::updateRubberBand(bool extend) {
         band.y += band.height;
         band.height = -band.height;
     }
+    WidgetList touched, left;
     for (auto& widget : editView_->widgets()) {
         const bool covered = intersectsRect(band, widget.frame());
         if (covered && !widget.selected()) {
-            selectObject(sharedWidget(widget));
+            touched.push_back(sharedWidget(widget));
         } else if (!covered && widget.selected() && !extend) {
-            unselectObject(sharedWidget(widget));
+            left.push_back(sharedWidget(widget));
         }
     }
+    unselectObjects(left);
+    selectObjects(touched);
 }
 
 }  // namespace zor

@@ -32,14 +32,26 @@ void ZORDashboardPlugIn::selectAllObjects() {
     selectObjects(all);
 }
 
+// Asking the list for each of thousands would be quadratic, here and below.
 void ZORDashboardPlugIn::selectObjects(const WidgetList& widgets) {
-    // Asking the list for each of thousands would be quadratic.
+    if (widgets.empty()) return;
     std::unordered_set<const ZORWidgetHostView*> listed;
+    listed.reserve(selectedObjects_.size() + widgets.size());
     for (const auto& widget : selectedObjects_) listed.insert(widget.get());
     for (const auto& widget : widgets) {
         widget->setSelected(true);
         if (listed.insert(widget.get()).second) selectedObjects_.push_back(widget);
     }
+}
+
+void ZORDashboardPlugIn::unselectObjects(const WidgetList& widgets) {
+    if (widgets.empty()) return;
+    std::unordered_set<const ZORWidgetHostView*> leaving;
+    for (const auto& widget : widgets) {
+        widget->setSelected(false);
+        leaving.insert(widget.get());
+    }
+    std::erase_if(selectedObjects_, [&](const auto& each) { return leaving.contains(each.get()); });
 }
 
 bool ZORDashboardPlugIn::isListed(const ZORWidgetHostView& widget) const {
@@ -49,11 +61,7 @@ bool ZORDashboardPlugIn::isListed(const ZORWidgetHostView& widget) const {
 std::shared_ptr<ZORWidgetHostView> ZORDashboardPlugIn::objectUnderPoint(Point point) {
     clickOffset_ = point;
     if (!editView_) return {};
-    ZORWidgetHostView* hit = nullptr;
-    for (auto& widget : editView_->widgets()) {
-        if (pointInRect(point, widget.frame())) hit = &widget;
-    }
-    return hit ? sharedWidget(*hit) : nullptr;
+    return topmostWidgetAt(point);
 }
 
 std::shared_ptr<ZORWidgetHostView> ZORDashboardPlugIn::objectUnderMouse(const EventPtr& event) {

@@ -185,8 +185,9 @@ private:
         return std::static_pointer_cast<ZORWidgetHostView>(widget.shared_from_this());
     }
     bool isListed(const ZORWidgetHostView& widget) const;
-    /// selectObject for each in turn, in time linear in their number.
+    /// selectObject or unselectObject for each in turn, in time linear in their number.
     void selectObjects(const WidgetList& widgets);
+    void unselectObjects(const WidgetList& widgets);
     Point canvasPoint(const EventPtr& event) const;
     Point relativeToPlugInView(Point point);
     void becomeFirstResponder();

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "qt/DashedLines.h"
 #include "qt/PolylineShape.h"
 #include "qt/QtConversions.h"
 #include "qt/QtFonts.h"
@@ -171,7 +172,10 @@ void QtDrawingContext::fillPathWithGradient(const Path& path, const Gradient& gr
 }
 
 void QtDrawingContext::strokePath(const Path& path, const Stroke& stroke) {
-    if (isVisible(stroke)) painter_.strokePath(zor::toQt(path), toPen(stroke));
+    if (!isVisible(stroke) || (isRaster_ && !dashPattern(stroke).isEmpty() && drawDashedLines(painter_, path, stroke))) {
+        return;
+    }
+    painter_.strokePath(zor::toQt(path), toPen(stroke));
 }
 
 void QtDrawingContext::strokePolyline(const std::vector<Point>& points, const Stroke& stroke) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/instruments/ZORImageView.h"
 #include "qt/QtConversions.h"
 
 namespace zor {
@@ -14,8 +15,14 @@ namespace {
 
 constexpr int arrowStep = 20;
 
+bool isCanvas(const View& view) {
+    const auto* image = dynamic_cast<const ZORImageView*>(&view);
+    return image && image->isCanvas();
+}
+
+/// The widgets of a canvas, which may be thousands, hold no scroll views.
 void collect(View& view, std::vector<std::shared_ptr<ScrollView>>& found) {
-    if (view.isHidden()) return;
+    if (view.isHidden() || isCanvas(view)) return;
     if (auto scrollView = std::dynamic_pointer_cast<ScrollView>(view.shared_from_this())) {
         found.push_back(std::move(scrollView));
     }

@@ -63,8 +63,15 @@ void ViewTreeWidget::contentChanged() {
 void ViewTreeWidget::redisplay(const Rect& rect) {
     // Antialiasing may reach into the next pixel.
     const QRectF area = toQt(insetRect(rect, -1, -1)) & QRectF(this->rect());
-    if (!area.isEmpty()) update(area.toAlignedRect());
+    if (!area.isEmpty()) damage(area.toAlignedRect());
     scheduleSurvey();
+}
+
+void ViewTreeWidget::damage(const QRect& area) {
+    // Where much is painted in one go in any case, the pieces need not be told apart.
+    const bool isKnown = damagedPieces_ > mostRectangles && damage_.contains(area);
+    damage_ |= area;
+    if (!isKnown) update(++damagedPieces_ > mostRectangles ? damage_ : area);
 }
 
 void ViewTreeWidget::scheduleSurvey() {
@@ -89,6 +96,8 @@ QSize ViewTreeWidget::sizeHint() const {
 }
 
 void ViewTreeWidget::paintEvent(QPaintEvent* event) {
+    damage_ = {};
+    damagedPieces_ = 0;
     QPainter painter(this);
     painter.fillRect(event->rect(), palette().window());
     View* view = content();

@@ -2,6 +2,7 @@
 
 #include <QBasicTimer>
 #include <QPointF>
+#include <QRect>
 #include <QWidget>
 
 #include "host/views/Window.h"
@@ -46,6 +47,7 @@ private:
     void showPointerShape(QPointF place);
     void send(const EventPtr& event);
     int countClick(const QMouseEvent& press);
+    void damage(const QRect& area);
     /// Looks the tree over, soon and once for many changes.
     void scheduleSurvey();
     void survey();
@@ -55,6 +57,9 @@ private:
     QBasicTimer animation_;
     AutoScroller autoScroller_;
     bool surveyScheduled_ = false;
+    /// Around all that has been damaged since the last painting, and in how many pieces.
+    QRect damage_;
+    int damagedPieces_ = 0;
     quint64 lastPressTime_ = 0;
     QPointF lastPressPoint_;
     Qt::MouseButton lastPressButton_ = Qt::NoButton;

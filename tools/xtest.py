@@ -110,6 +110,8 @@ class Display:
 
     def is_dialog(self, window):
         """Of another window, or a panel."""
+        if not window:
+            return False
         kinds = self._numbers(window, "_NET_WM_WINDOW_TYPE")
         return bool(self._numbers(window, "WM_TRANSIENT_FOR")) or self._atom("_NET_WM_WINDOW_TYPE_NORMAL") not in kinds
 

@@ -21,6 +21,15 @@ const ClassRecord& ShapeLayer::staticClass() {
     return record;
 }
 
+ShapeLayer::~ShapeLayer() {
+    if (!animations_.empty()) std::erase(animatedLayers(), this);
+}
+
+std::vector<const ShapeLayer*>& ShapeLayer::animatedLayers() {
+    static std::vector<const ShapeLayer*> layers;
+    return layers;
+}
+
 std::vector<Point> ShapeLayer::pathPoints() const {
     std::vector<Point> points;
     if (!path_) return points;
@@ -41,6 +50,7 @@ void ShapeLayer::redisplay() const {
 }
 
 void ShapeLayer::addAnimation(BasicAnimation animation, const std::string& key) {
+    if (animations_.empty()) animatedLayers().push_back(this);
     animations_[key] = std::move(animation);
     animationsBegan_ = std::chrono::steady_clock::now();
 }

@@ -27,6 +27,7 @@ class ShapeLayer : public Object {
 public:
     static const ClassRecord& staticClass();
     const ClassRecord& classRecord() const override { return staticClass(); }
+    ~ShapeLayer() override;
 
     const std::optional<Path>& path() const { return path_; }
     /// The points of the path in order, for inspection; none without a path.
@@ -60,6 +61,8 @@ public:
 private:
     friend class View;
     void redisplay() const;
+    /// All that live and are animated: few, where the views are thousands.
+    static std::vector<const ShapeLayer*>& animatedLayers();
 
     std::optional<Path> path_;
     double lineWidth_ = 1;

@@ -67,8 +67,13 @@ bool View::mayAdopt(const View* view) const {
 }
 
 std::size_t View::indexOf(const View& child) const {
-    const auto found = std::ranges::find(subviews_, &child, &std::shared_ptr<View>::get);
-    return static_cast<std::size_t>(found - subviews_.begin());
+    // From both ends: what leaves among thousands mostly stands near one of them.
+    const std::size_t count = subviews_.size();
+    for (std::size_t first = 0; 2 * first < count; ++first) {
+        if (subviews_[first].get() == &child) return first;
+        if (subviews_[count - 1 - first].get() == &child) return count - 1 - first;
+    }
+    return count;
 }
 
 void View::addSubview(const std::shared_ptr<View>& view) {

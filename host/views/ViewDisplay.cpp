@@ -115,14 +115,14 @@ void View::removeSublayer(const ShapeLayer* layer) {
 }
 
 bool View::redisplayAnimatedLayers() {
-    if (hidden_) return false;
     bool found = false;
-    for (const auto& layer : sublayers()) {
-        if (layer->animations().empty()) continue;
+    for (const ShapeLayer* layer : ShapeLayer::animatedLayers()) {
+        const View* view = layer->view_;
+        while (view && view != this && !view->hidden_) view = view->superview_;
+        if (view != this || hidden_) continue;
         layer->redisplay();
         found = true;
     }
-    for (const auto& child : subviews_) found |= child->redisplayAnimatedLayers();
     return found;
 }
 
