@@ -12,7 +12,8 @@ std::string_view reasonPhrase(int status) {
             return "Method Not Allowed";
         case 413:
             return "Content Too Large";
-        case 417: return "Expectation Failed";
+        case 417:
+            return "Expectation Failed";
         case 431:
             return "Request Header Fields Too Large";
         case 503:

@@ -14,7 +14,9 @@ Reply headTooLarge() {
     return {WebAnswer::text(431, "The head of the request is too large.\n")};
 }
 /// The library would ask for the body that must not come.
-Reply expectationFailed() { return {WebAnswer::text(417, "Requests end with their head here.\n")}; }
+Reply expectationFailed() {
+    return {WebAnswer::text(417, "Requests end with their head here.\n")};
+}
 Reply bodyRefused() {
     return {WebAnswer::text(413, "Requests with a body are not served here.\n")};
 }

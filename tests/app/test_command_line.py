@@ -235,7 +235,7 @@ class CommandLineTest(unittest.TestCase):
         self.assertEqual(server.returncode, 0, errors)
 
     def test_serving_on_an_address_of_another_machine_is_refused(self):
-        self.refuse("192.0.2.1", "serve", "demo", "--http", "192.0.2.1:0")
+        self.refuse("203.0.113.1", "serve", "demo", "--http", "203.0.113.1:0")
         self.refuse("garden", "serve", "demo", "--http", "garden:0")
 
 
