@@ -19,8 +19,10 @@ TEST(OpenAndClose, LeaveNothingBehind) {
     for (const auto& document : sampleDocuments()) {
         // The first ones fill what is kept for the life of the process.
         const auto before = heldAfter(3, document);
-        EXPECT_EQ(heldAfter(cycles, document).pieces, before.pieces) << document.name;
-        EXPECT_EQ(heldAfter(cycles, document).bytes, before.bytes) << document.name;
+        const auto after = heldAfter(cycles, document);
+        EXPECT_EQ(after.pieces, before.pieces) << document.name;
+        // How much of a piece can be used differs a little from place to place.
+        EXPECT_NEAR(static_cast<double>(after.bytes), static_cast<double>(before.bytes), 1024) << document.name;
     }
 }
 

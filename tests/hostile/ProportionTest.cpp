@@ -53,8 +53,12 @@ TEST(Proportion, Dashboards) {
         ArchiveBuilder archive;
         const Number arrayClass = archive.classOf("NSArray");
         const Number dashboardClass = archive.classOf("ZORDashboardPlugIn");
+        // Dashboards without a title would get one when they are written, each in front of the whole list.
+        const auto title = archive.uid(archive.text("Weather"));
         std::vector<Number> all;
-        for (std::size_t index = 0; index < count; ++index) all.push_back(archive.object(dashboardClass));
+        for (std::size_t index = 0; index < count; ++index) {
+            all.push_back(archive.object(dashboardClass, {{"title", title}}));
+        }
         return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, all));
     });
 }
