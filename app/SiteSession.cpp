@@ -72,6 +72,8 @@ void SiteSession::addCatalogue() {
         }
     }
     if (!controller->plugIns().empty()) controller->selectPlugInAtIndex(0);
+    // Nothing of it is a person's work yet.
+    document_->setDirty(false);
 }
 
 void SiteSession::readOnce() {

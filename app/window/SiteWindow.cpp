@@ -197,7 +197,7 @@ bool SiteWindow::writeTo(const QString& chosen) {
 
 void SiteWindow::closeEvent(QCloseEvent* event) {
     noticeEdits();
-    if (document().isDirty() && !file().empty()) {
+    if (document().isDirty()) {
         const auto choice = QMessageBox::question(this, QCoreApplication::applicationName(),
                                                   tr("Save the changes to “%1”?").arg(windowTitle().remove("[*]")),
                                                   QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);

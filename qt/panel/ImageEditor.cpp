@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include "host/foundation/Image.h"
 #include "qt/QtConversions.h"
@@ -24,9 +25,13 @@ public:
         auto* layout = new QHBoxLayout(this);
         layout->setContentsMargins({});
         layout->setSpacing(6);
-        layout->addWidget(thumbnail_);
-        layout->addWidget(choose_);
-        layout->addWidget(remove_);
+        // Side by side they would be wider than the panel.
+        auto* buttons = new QVBoxLayout;
+        buttons->setSpacing(4);
+        buttons->addWidget(choose_);
+        buttons->addWidget(remove_);
+        layout->addWidget(thumbnail_, 0, Qt::AlignTop);
+        layout->addLayout(buttons);
         layout->addStretch();
         thumbnail_->setFixedSize(thumbnailSide, thumbnailSide);
         thumbnail_->setAlignment(Qt::AlignCenter);

@@ -3,6 +3,7 @@
 document holds. STATION names the program."""
 
 import re
+import subprocess
 import time
 import unittest
 
@@ -70,12 +71,39 @@ class EditorWindowTest(WindowTestCase):
         self.xdotool("mouseup", 1)
         time.sleep(0.2)
 
-    def insert_box(self, x, y):
-        """By the context menu, whose second entry it is."""
+    def choose_in_context_menu(self, x, y, *keys):
         self.click(x, y, 3)
         time.sleep(0.5)
-        self.key("Down", "Down", "Return")
+        self.key(*keys, "Return")
         time.sleep(0.5)
+
+    def insert_box(self, x, y):
+        """By the context menu, whose second entry it is."""
+        self.choose_in_context_menu(x, y, "Down", "Down")
+
+    def open_panel(self, x, y):
+        """Of the widget there."""
+        self.click(x, y)
+        time.sleep(0.6)
+        self.key("ctrl+i")
+        panel = self.panel()
+        time.sleep(1)
+        return panel
+
+    def click_in(self, window, x, y):
+        self.xdotool("mousemove", "--window", window, x, y, "click", 1)
+        time.sleep(0.5)
+
+    def instrument(self):
+        """That of the topmost widget."""
+        return self.widgets()[-1]["targetView"]
+
+    def canvas_picture(self, name):
+        """Part of the canvas, where nothing changes by itself."""
+        file = self.path / (name + ".png")
+        subprocess.run(["import", "-window", self.window, "-crop", "500x400+450+200", file], env=self.environment,
+                       check=True, timeout=60)
+        return file
 
     def insert_box_and_find_it(self):
         """A box of 256 by 256 points whose top left corner is 20 points above and left of the click."""
@@ -123,6 +151,136 @@ class EditorWindowTest(WindowTestCase):
         self.key("Delete")
         self.save()
         self.assertEqual(len(self.frames()), 1)
+
+    def test_the_band_shows_crawls_and_goes(self):
+        before = self.canvas_picture("before")
+        self.move(480, 230)
+        self.xdotool("mousedown", 1)
+        self.move(600, 300)
+        self.move(700, 420)
+        time.sleep(0.3)
+        band = self.canvas_picture("band")
+        time.sleep(0.3)
+        crawled = self.canvas_picture("crawled")
+        self.xdotool("mouseup", 1)
+        self.move(20, 500)
+        time.sleep(0.5)
+        # Most of two lines of 220 and two of 190 points, of which each dash moves.
+        self.assertGreater(self.differ(before, band), 400)
+        self.assertGreater(self.differ(band, crawled), 50)
+        self.assertEqual(self.differ(before, self.canvas_picture("after")), 0)
+
+    def test_a_band_scrolls_at_the_edge(self):
+        self.xdotool("windowsize", "--sync", self.window, 900, 600)
+        time.sleep(0.5)
+        # The box reaches to 536 points below the window's top; the band begins below it.
+        self.insert_box(500, 300)
+        self.drag((560, 320), (560, 460))
+        self.save()
+        before = self.frames()[1]
+        self.move(260, 500)
+        self.xdotool("mousedown", 1)
+        self.move(300, 540)
+        self.move(880, 560)
+        time.sleep(1.5)
+        self.xdotool("mouseup", 1)
+        time.sleep(0.3)
+        self.key("Right")
+        self.save()
+        self.assertEqual(self.frames()[1], [before[0] + 1, *before[1:]])
+
+    def test_a_click_selects_and_shows_the_handle(self):
+        self.insert_box_and_find_it()
+        before = self.canvas_picture("before")
+        self.click(560, 360)
+        time.sleep(0.6)
+        self.assertGreater(self.differ(before, self.canvas_picture("selected")), 500)
+        self.click(900, 700)
+        time.sleep(0.6)
+        self.assertEqual(self.differ(before, self.canvas_picture("unselected")), 0)
+
+    def test_the_context_menu_leaves_and_enters_edit_mode(self):
+        edited = self.canvas_picture("edited")
+        self.choose_in_context_menu(600, 400, "Up")
+        self.move(20, 500)
+        viewed = self.canvas_picture("viewed")
+        # The grid.
+        self.assertGreater(self.differ(edited, viewed), 1000)
+        self.click(600, 400)
+        time.sleep(0.3)
+        self.assertEqual(self.differ(viewed, self.canvas_picture("pressed")), 0)
+        self.choose_in_context_menu(600, 400, "Down")
+        self.move(20, 500)
+        self.assertEqual(self.differ(edited, self.canvas_picture("edited again")), 0)
+
+    def test_a_picture_is_chosen_by_the_keyboard_alone(self):
+        picture = self.path / "red.png"
+        subprocess.run(["convert", "-size", "40x30", "xc:red", picture], check=True)
+        self.choose_in_context_menu(500, 300, "Down", "Down", "Down")
+        self.save()
+        self.assertNotIn("image", self.instrument())
+        self.open_panel(560, 360)
+        self.key("Tab", "Tab", "Tab", "Tab", "space")
+        self.window_titled("Choose a Picture")
+        time.sleep(0.5)
+        self.xdotool("type", str(picture))
+        self.key("Return")
+        time.sleep(1)
+        self.activate(self.window)
+        self.save()
+        self.assertEqual(self.instrument()["image"]["size"], "{40, 30}")
+
+    def test_a_colour_is_picked_in_the_popup(self):
+        self.insert_box_and_find_it()
+        before = self.instrument()
+        panel = self.open_panel(560, 360)
+        # The well of the fill colour, and the first colour below it.
+        self.click_in(panel, 138, 173)
+        self.click_in(panel, 140, 206)
+        self.activate(self.window)
+        self.save()
+        after = self.instrument()
+        self.assertNotEqual(after["fillColor"], before["fillColor"])
+        self.assertEqual(after["borderColor"], before["borderColor"])
+
+    def test_a_property_is_linked_in_the_popup(self):
+        self.choose_in_context_menu(500, 300, "Down")
+        panel = self.open_panel(520, 300)
+        self.click_in(panel, 206, 174)
+        # The second entry; the first is "None".
+        self.click_in(panel, 80, 242)
+        self.activate(self.window)
+        self.save()
+        self.assertEqual(self.instrument()["propertyName"], "outdoorTemperature")
+
+    def test_a_property_is_searched_by_the_keyboard_alone(self):
+        self.choose_in_context_menu(500, 300, "Down")
+        self.open_panel(520, 300)
+        self.key("Tab", "Tab", "Tab", "Tab", "space")
+        time.sleep(0.5)
+        self.xdotool("type", "Rain Rate")
+        self.key("Return")
+        time.sleep(0.3)
+        self.activate(self.window)
+        self.save()
+        self.assertEqual(self.instrument()["propertyName"], "rainRate")
+
+    def test_an_untouched_document_that_was_never_saved_closes_without_a_question(self):
+        self.open("demo")
+        self.key("ctrl+w")
+        wait_for(lambda: self.program.poll() is not None, "the program ended")
+        self.assertEqual(self.program.returncode, 0)
+
+    def test_an_edited_document_that_was_never_saved_asks(self):
+        self.open("demo")
+        self.choose_blank()
+        self.insert_box(500, 300)
+        self.key("ctrl+w")
+        wait_for(lambda: self.xdotool("getactivewindow") != self.window, "a question")
+        self.key("Escape")
+        time.sleep(0.5)
+        self.assertIsNone(self.program.poll())
+        self.assertEqual(self.xdotool("getactivewindow"), self.window)
 
     def test_double_click_opens_the_panel_and_its_fields_change_the_instrument(self):
         self.insert_box_and_find_it()
