@@ -17,6 +17,7 @@ namespace {
 using Kind = PropertyListKind;
 
 /// What a file of ours may say at one place or another.
+// clang-format off
 constexpr std::array<std::string_view, 60> words{
     "$null", "$class", "$classname", "$classes", "$classhints", "NSArray", "NSMutableArray", "NSSet", "NSDictionary",
     "NSMutableDictionary", "NSString", "NSMutableString", "NSData", "NSDate", "NSNull", "NSObject", "NS.objects",
@@ -27,6 +28,7 @@ constexpr std::array<std::string_view, 60> words{
     "QM4PlotView", "View", "Image", "Responder", "{{0, 0}, {1e300, 1e300}}", "{{nan, inf}, {-1, 0}}", "{{1, 2}, {3, 4}}",
     "{x = 1; y = 2; width = 3; height = 4}", "#00000000", "#ff3b30", "frame", "subviews", "editView", "targetView",
     "selectedObjects", "agent", "title", "thresholds"};
+// clang-format on
 
 constexpr std::size_t mostChanges = 4;
 /// One in so many is a change of bytes.
@@ -135,7 +137,9 @@ void PropertyListMutator::changeEntries(PropertyListNode& container) {
     std::vector<Index> children(old.begin(), old.end());
     const std::size_t count = container.count;
     const std::size_t place = below(count);
-    const auto at = [&](std::size_t part) { return children.begin() + static_cast<std::ptrdiff_t>(part * count + place); };
+    const auto at = [&](std::size_t part) {
+        return children.begin() + static_cast<std::ptrdiff_t>(part * count + place);
+    };
     switch (count == 0 ? 1 : below(3)) {
         case 0:
             for (std::size_t part = parts; part-- > 0;) children.erase(at(part));

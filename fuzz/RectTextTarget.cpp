@@ -17,10 +17,12 @@ extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, st
 
 namespace {
 
+// clang-format off
 constexpr std::array<std::string_view, 32> tokens{
-    "{",  "}", ",",  " ",   ";",     "=",      "x",    "y",     "width",   "height", "0",     "-0",   "1",      "2.5",
-    ".5", "+", "-",  "e",   "1e300", "1e-320", "nan",  "inf",   "-inf",    "1e999",  "0x10",  "\t\n", "{x = 1; ",
-    "{{", "}}", "}, {", "17976931348623157", "0.30000000000000004"};
+    "{", "}", ",", " ", ";", "=", "x", "y", "width", "height", "0", "-0", "1", "2.5", ".5", "+", "-", "e", "1e300",
+    "1e-320", "nan", "inf", "-inf", "1e999", "0x10", "\t\n", "{x = 1; ", "{{", "}}", "}, {", "17976931348623157",
+    "0.30000000000000004"};
+// clang-format on
 
 bool same(double a, double b) {
     return (std::isnan(a) && std::isnan(b)) || std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
@@ -44,9 +46,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view text(reinterpret_cast<const char*>(data), size);
     const Rect rect = rectFromString(text);
     const Rect back = rectFromString(stringFromRect(rect));
-    fuzz::check(same(rect.x, back.x) && same(rect.y, back.y) && same(rect.width, back.width) &&
-                    same(rect.height, back.height),
-                "a rectangle reads back the same");
+    fuzz::check(
+        same(rect.x, back.x) && same(rect.y, back.y) && same(rect.width, back.width) && same(rect.height, back.height),
+        "a rectangle reads back the same");
     const Point point = pointFromString(text);
     const Point pointBack = pointFromString(stringFromPoint(point));
     fuzz::check(same(point.x, pointBack.x) && same(point.y, pointBack.y), "a point reads back the same");

@@ -36,15 +36,15 @@ void expectProportion(const char* what, Make make) {
 Bytes siteOf(ArchiveBuilder& archive, Number arrayClass, Number properties, Number plugIns) {
     const Number agent = archive.object(archive.classOf("ZORAgent"), {{"properties", archive.uid(properties)}});
     const Number none = archive.array(arrayClass, {});
-    return archive.finish(archive.object(archive.classOf("ZORSiteDocument"), {{"agent", archive.uid(agent)},
-                                                                             {"plugIns", archive.uid(plugIns)},
-                                                                             {"entryPlugIns", archive.uid(none)}}));
+    return archive.finish(archive.object(
+        archive.classOf("ZORSiteDocument"),
+        {{"agent", archive.uid(agent)}, {"plugIns", archive.uid(plugIns)}, {"entryPlugIns", archive.uid(none)}}));
 }
 
 Number dashboardOf(ArchiveBuilder& archive, Number arrayClass, const std::vector<Number>& widgets) {
-    const Number canvas = archive.object(
-        archive.classOf("ZORDashboardEditView"),
-        {{"frame", archive.rawText("{{0, 0}, {400, 300}}")}, {"subviews", archive.uid(archive.array(arrayClass, widgets))}});
+    const Number canvas = archive.object(archive.classOf("ZORDashboardEditView"),
+                                         {{"frame", archive.rawText("{{0, 0}, {400, 300}}")},
+                                          {"subviews", archive.uid(archive.array(arrayClass, widgets))}});
     return archive.object(archive.classOf("ZORDashboardPlugIn"), {{"editView", archive.uid(canvas)}});
 }
 

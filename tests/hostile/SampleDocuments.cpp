@@ -15,9 +15,9 @@ namespace {
 
 using WidgetPtr = std::shared_ptr<ZORWidgetHostView>;
 
-constexpr std::array<std::string_view, 11> kinds{"textField",      "dateTimeField", "box",       "imageView",
-                                                 "led",            "mapView",       "webView",   "plotView",
-                                                 "levelIndicator", "roundGauge",    "linearGauge"};
+constexpr std::array<std::string_view, 11> kinds{
+    "textField", "dateTimeField",  "box",        "imageView",  "led", "mapView", "webView",
+    "plotView",  "levelIndicator", "roundGauge", "linearGauge"};
 
 std::shared_ptr<Agent> garden() {
     auto agent = Agent::withName("Garden");
@@ -30,8 +30,8 @@ WidgetPtr widgetOf(std::string_view kind, const std::shared_ptr<Agent>& agent) {
     auto widget = ZORWidgetHostView::widgetOfKind(kind, {10, 20.5, 120, 60}, agent);
     const auto& target = widget->instrument();
     target->setValueForKey("thresholds", Value::Array{Value::Dictionary{{"value", 30.0}, {"color", "#ff3b30ff"}}});
-    target->setValueForKey("image", Image::withData(std::make_shared<const Bytes>(FakeToolkit::imageData({4, 3})),
-                                                    {4, 3}));
+    target->setValueForKey("image",
+                           Image::withData(std::make_shared<const Bytes>(FakeToolkit::imageData({4, 3})), {4, 3}));
     target->setValueForKey("url", "https://example.org/");
     if (const auto client = std::dynamic_pointer_cast<PropertyClient>(widget->targetView())) {
         client->setProperty(agent->properties().find("outdoorTemperature"));
@@ -73,7 +73,8 @@ std::vector<SampleDocument> siteDocuments() {
     all.push_back(closed("properties", siteWith(garden(), {})));
 
     const auto weewx = Agent::withName("Weewx");
-    weewx->setConfiguration({"weewx", {{"file", "weewx.sdb"}, {"pollSeconds", 2.5}, {"valueLifetime", 60}}, UnitSystem::us});
+    weewx->setConfiguration(
+        {"weewx", {{"file", "weewx.sdb"}, {"pollSeconds", 2.5}, {"valueLifetime", 60}}, UnitSystem::us});
     all.push_back(closed("settings", siteWith(weewx, {})));
 
     const auto agent = garden();

@@ -24,9 +24,9 @@ protected:
     }
     Bytes siteOf(Number agent, Number plugIns) {
         const Number none = archive.array(arrayClass, {});
-        return archive.finish(archive.object(archive.classOf("ZORSiteDocument"), {{"agent", archive.uid(agent)},
-                                                                                 {"plugIns", archive.uid(plugIns)},
-                                                                                 {"entryPlugIns", archive.uid(none)}}));
+        return archive.finish(archive.object(
+            archive.classOf("ZORSiteDocument"),
+            {{"agent", archive.uid(agent)}, {"plugIns", archive.uid(plugIns)}, {"entryPlugIns", archive.uid(none)}}));
     }
     Number canvas(const std::string& frame, const std::vector<Number>& children) {
         return archive.object(archive.classOf("ZORDashboardEditView"),
@@ -145,10 +145,10 @@ TEST_F(StrangeDocument, SizesThatAreNoNumbersDoNoHarm) {
     for (const auto* frame : {"{{nan, nan}, {nan, nan}}", "{{-inf, 0}, {inf, nan}}", "{{0, 0}, {-5, -1e300}}"}) {
         archive = {};
         arrayClass = archive.classOf("NSArray");
-        const Number gauge = archive.object(archive.classOf("ZORRoundGaugeView"),
-                                            {{"minimum", archive.real(std::nan(""))},
-                                             {"maximum", archive.real(HUGE_VAL)},
-                                             {"automaticRange", archive.boolean(false)}});
+        const Number gauge =
+            archive.object(archive.classOf("ZORRoundGaugeView"), {{"minimum", archive.real(std::nan(""))},
+                                                                  {"maximum", archive.real(HUGE_VAL)},
+                                                                  {"automaticRange", archive.boolean(false)}});
         const auto read = opened(siteWith({dashboard(canvas(frame, {widget(frame, gauge)}))}));
         ASSERT_TRUE(read) << frame;
         const TimeLimit limit(frame, 10);
