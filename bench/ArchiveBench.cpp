@@ -14,7 +14,7 @@ using namespace zor;
 
 int main(int argc, char** argv) {
     if (argc < 3) return std::fprintf(stderr, "usage: archive_bench COUNT FILE\n"), 2;
-    test::FakeToolkit::install();
+    FakeToolkit::install();
     registerInstrumentClasses();
     Value::Array widgets;
     for (int index = 0; index < std::atoi(argv[1]) / 2; ++index) {

@@ -27,9 +27,10 @@ def area(curve, run):
 
 def plot(number, curve, run):
     title, unit, level, swing, x, y = curve
-    parts = [f'<g transform="translate({x} {y})"><rect width="480" height="360" fill="#fff" stroke="#ccc"/>',
-             f'<text x="{LEFT}" y="24" font-weight="bold">{title}</text>',
-             f'<text x="{LEFT + WIDTH}" y="24" text-anchor="end">{level:.1f} {unit}</text>']
+    parts = [f'<g transform="translate({x} {y})"><rect x=".5" y=".5" width="479" height="359" rx="8" fill="#fff" '
+             'stroke="#ccc"/>',
+             f'<text class="title" x="14" y="30">{title}</text>',
+             f'<text class="value" x="{LEFT + WIDTH}" y="30" text-anchor="end">{level:.1f} {unit}</text>']
     for step in range(7):
         at = TOP + HEIGHT * step / 6
         parts.append(f'<path d="M{LEFT} {at:.1f}H{LEFT + WIDTH}" stroke="#ddd"/>'
@@ -38,9 +39,9 @@ def plot(number, curve, run):
         at = LEFT + WIDTH * step / 8
         parts.append(f'<path d="M{at:.1f} {TOP}V{TOP + HEIGHT}" stroke="#ddd"/>'
                      f'<text x="{at:.1f}" y="{TOP + HEIGHT + 18}" text-anchor="middle">{3 * step:02}:00</text>')
-    parts.append(f'<path id="area{number}" d="{area(curve, run)}" fill="#0a6ed1" fill-opacity=".12"/>'
+    parts.append(f'<path id="area{number}" d="{area(curve, run)}" fill="url(#fade)"/>'
                  f'<path id="line{number}" d="{line(curve, run)}" fill="none" stroke="#0a6ed1" stroke-width="1.6" '
-                 'stroke-linejoin="round"/></g>')
+                 'stroke-linejoin="round" stroke-linecap="round"/></g>')
     return "".join(parts)
 
 
@@ -48,8 +49,13 @@ def page(run=0):
     width, height = SIZE
     plots = "".join(plot(number, curve, run) for number, curve in enumerate(CURVES))
     return ('<!DOCTYPE html><meta charset="utf-8"><style>@page{margin:0}body{margin:0;background:#fff}svg{display:block}'
-            'text{font:11px sans-serif;fill:#555}</style>'
-            f'<svg width="{width}" height="{height}" xmlns="http://www.w3.org/2000/svg">{plots}</svg>')
+            'text{font:12px sans-serif;fill:#6e6e73}.title{font:bold 15px sans-serif;fill:#1d1d1f}'
+            '.value{font:bold 16px sans-serif;fill:#0a6ed1}</style>'
+            f'<svg width="{width}" height="{height}" xmlns="http://www.w3.org/2000/svg">'
+            '<linearGradient id="fade" gradientUnits="userSpaceOnUse" x1="0" x2="0" '
+            f'y1="{TOP}" y2="{TOP + HEIGHT}"><stop stop-color="#0a6ed1" stop-opacity=".34"/>'
+            '<stop offset="1" stop-color="#0a6ed1" stop-opacity=".03"/></linearGradient>'
+            f'{plots}</svg>')
 
 
 def change(run):

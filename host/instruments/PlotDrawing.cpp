@@ -168,17 +168,23 @@ private:
     }
 
     void drawRun(SampleRun run) {
-        std::vector<Point> points;
         const int columns = std::max(1, static_cast<int>(std::ceil(area_.width)));
-        for (const auto& sample : thinned(run, content_.span, columns)) points.push_back(pointOf(sample));
+        const auto points = pointsOf(thinned(run, content_.span, columns));
         if (points.size() == 1) {
             context_.fillPath(Path::circle(points.front(), style_.lineWidth * 0.75), style_.lineColor);
             return;
         }
-        if (style_.fillsArea) fillBelow(points);
+        if (style_.fillsArea) fillBelow(pointsOf(halfway(run, content_.span, columns)));
         context_.strokePolyline(
             points,
             {.color = style_.lineColor, .width = style_.lineWidth, .cap = LineCap::round, .join = LineJoin::round});
+    }
+
+    std::vector<Point> pointsOf(SampleRun samples) const {
+        std::vector<Point> points;
+        points.reserve(samples.size());
+        for (const auto& sample : samples) points.push_back(pointOf(sample));
+        return points;
     }
 
     void fillBelow(const std::vector<Point>& points) {

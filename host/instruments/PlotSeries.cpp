@@ -1,8 +1,9 @@
 #include "host/instruments/PlotSeries.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+#include <numeric>
+#include <utility>
 
 namespace zor {
 
@@ -11,12 +12,28 @@ namespace {
 constexpr Seconds quarterOfAnHour = 900;
 constexpr double usualPauses = 3;
 
-void appendExtremes(std::vector<Sample>& result, SampleRun column) {
+using Extremes = std::pair<SampleRun::iterator, SampleRun::iterator>;
+
+/// The least and the greatest in time's order, which may be one and the same.
+Extremes extremesOf(SampleRun column) {
     const auto [least, greatest] = std::ranges::minmax_element(column, {}, &Sample::value);
-    std::array chosen{column.begin(), least, greatest, column.end() - 1};
-    std::ranges::sort(chosen);
-    const auto end = std::unique(chosen.begin(), chosen.end());
-    for (auto sample = chosen.begin(); sample != end; ++sample) result.push_back(**sample);
+    return std::minmax(least, greatest);
+}
+
+/// Calls `visit` with the samples of each column that has any, from the first to the last.
+template <typename Visit>
+void forEachColumn(SampleRun run, const TimeSpan& span, int columns, Visit visit) {
+    const auto columnOf = [&](const Sample& sample) {
+        return std::floor((sample.time - span.from) / (span.to - span.from) * columns);
+    };
+    while (!run.empty()) {
+        const double column = columnOf(run.front());
+        const auto others = run.subspan(1);
+        const auto next = std::ranges::find_if(others, [&](const Sample& each) { return columnOf(each) != column; });
+        const auto length = static_cast<std::size_t>(next - others.begin()) + 1;
+        visit(run.first(length));
+        run = run.subspan(length);
+    }
 }
 
 }  // namespace
@@ -46,18 +63,29 @@ std::vector<SampleRun> unbrokenRuns(SampleRun samples) {
 }
 
 std::vector<Sample> thinned(SampleRun run, const TimeSpan& span, int columns) {
-    const auto columnOf = [&](const Sample& sample) {
-        return std::floor((sample.time - span.from) / (span.to - span.from) * columns);
-    };
     std::vector<Sample> result;
-    while (!run.empty()) {
-        const double column = columnOf(run.front());
-        const auto others = run.subspan(1);
-        const auto next = std::ranges::find_if(others, [&](const Sample& each) { return columnOf(each) != column; });
-        const auto length = static_cast<std::size_t>(next - others.begin()) + 1;
-        appendExtremes(result, run.first(length));
-        run = run.subspan(length);
-    }
+    const auto append = [&](SampleRun::iterator sample) {
+        if (result.empty() || result.back() != *sample) result.push_back(*sample);
+    };
+    if (!run.empty()) append(run.begin());
+    forEachColumn(run, span, columns, [&](SampleRun column) {
+        const auto [first, second] = extremesOf(column);
+        append(first);
+        append(second);
+    });
+    if (!run.empty()) append(run.end() - 1);
+    return result;
+}
+
+std::vector<Sample> halfway(SampleRun run, const TimeSpan& span, int columns) {
+    std::vector<Sample> result;
+    if (run.empty()) return result;
+    result.push_back(run.front());
+    forEachColumn(run, span, columns, [&](SampleRun column) {
+        const auto [first, second] = extremesOf(column);
+        result.push_back({std::midpoint(first->time, second->time), std::midpoint(first->value, second->value)});
+    });
+    result.push_back(run.back());
     return result;
 }
 

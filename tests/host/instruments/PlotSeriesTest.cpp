@@ -53,10 +53,10 @@ TEST(PlotGaps, RunsKeepTheirSamplesInOrder) {
     EXPECT_EQ(runs[1].back().time, 5060);
 }
 
-TEST(PlotThinning, KeepsFirstLeastGreatestAndLastOfEachColumn) {
+TEST(PlotThinning, KeepsTheEndsAndTheExtremesOfEachColumn) {
     const std::vector<Sample> run{{0, 1}, {1, 5}, {1.5, 4}, {2, 0}, {3, 3}, {4, 2}, {5, 2}, {6, 2}, {7, 2}};
     EXPECT_THAT(thinned(run, {0, 8}, 2),
-                ElementsAre(Sample{0, 1}, Sample{1, 5}, Sample{2, 0}, Sample{3, 3}, Sample{4, 2}, Sample{7, 2}));
+                ElementsAre(Sample{0, 1}, Sample{1, 5}, Sample{2, 0}, Sample{4, 2}, Sample{7, 2}));
 }
 
 TEST(PlotThinning, LeavesFewSamplesAsTheyAre) {
@@ -73,7 +73,7 @@ TEST(PlotThinning, LosesNoExtremeOfADay) {
     day[777].value = 40;
     day[1001].value = -40;
     const auto points = thinned(day, {0, 86400}, 100);
-    EXPECT_LE(points.size(), 400u);
+    EXPECT_LE(points.size(), 202u);
     EXPECT_EQ(points.front(), day.front());
     EXPECT_EQ(points.back(), day.back());
     EXPECT_THAT(points, testing::Contains(day[777]));
@@ -84,6 +84,18 @@ TEST(PlotThinning, LosesNoExtremeOfADay) {
 TEST(PlotThinning, EndsAlsoWithoutASpan) {
     const std::vector<Sample> run{{5, 1}, {5, 2}, {5, 3}};
     EXPECT_FALSE(thinned(run, {5, 5}, 10).empty());
+}
+
+TEST(PlotHalfway, TakesOnePointOfEachColumnBetweenItsExtremes) {
+    const std::vector<Sample> run{{0, 1}, {1, 5}, {2, 0}, {3, 3}, {4, 2}, {7, 2}};
+    EXPECT_THAT(halfway(run, {0, 8}, 2), ElementsAre(Sample{0, 1}, Sample{1.5, 2.5}, Sample{5.5, 2}, Sample{7, 2}));
+}
+
+TEST(PlotHalfway, FollowsFewSamples) {
+    const std::vector<Sample> run{{0, 1}, {2, 5}, {4, 3}};
+    EXPECT_THAT(halfway(run, {0, 8}, 480),
+                ElementsAre(Sample{0, 1}, Sample{0, 1}, Sample{2, 5}, Sample{4, 3}, Sample{4, 3}));
+    EXPECT_THAT(halfway({}, {0, 8}, 480), IsEmpty());
 }
 
 }  // namespace
