@@ -128,8 +128,9 @@ class Load(ServedTest):
         seconds = sorted(took for _, took in taken)
         slowest = seconds[int(len(seconds) * 0.99)]
         after = self.memory()
-        print(json.dumps({"p50": round(seconds[len(seconds) // 2], 4), "p99": round(slowest, 4), "slow clients cut": cut.value,
-                          "KiB before": before, "during": during, "after": after}), file=sys.stderr)
+        figures = {"p50": round(seconds[len(seconds) // 2], 4), "p99": round(slowest, 4), "slow clients cut": cut.value,
+                   "KiB before": before, "during": during, "after": after}
+        print(json.dumps(figures), file=sys.stderr)
         self.assertGreater(cut.value, SLOW_CLIENTS - 64)
         self.assertLess(slowest, 2)
         self.assertLess(during, before + GROWTH_KIB)

@@ -50,8 +50,8 @@ class ServedTest(unittest.TestCase):
     def serve(self, address="localhost", **environment):
         """Gives the first line that it says about itself; `said` are the others, after the end."""
         self.server = subprocess.Popen(
-            [STATION, "serve", "demo", "--http", f"{address}:0"], stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
-            env={**os.environ, "HOME": self.home, "XDG_DATA_HOME": os.path.join(self.home, "data"), **environment})
+            [STATION, "serve", "demo", "--http", f"{address}:0"], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+            text=True, env={**os.environ, "HOME": self.home, "XDG_DATA_HOME": os.path.join(self.home, "data"), **environment})
         self.addCleanup(self.end)
         line = self.server.stdout.readline()
         self.assertRegex(line, r"http://\S+:\d+/")
