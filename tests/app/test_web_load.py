@@ -145,7 +145,7 @@ class Load(ServedTest):
                 try:
                     self.get(target)
                 except OSError:
-                    pass
+                    time.sleep(0.02)
 
         threads = [threading.Thread(target=ask_without_pause, args=(target,)) for target in self.pictures + ["/"] * 4]
         for thread in threads:
