@@ -13,7 +13,7 @@ namespace {
 
 using Number = ArchiveBuilder::Number;
 
-constexpr std::size_t few = 5'000;
+constexpr std::size_t few = 2'500;
 constexpr std::size_t many = 4 * few;
 constexpr double mostGrowth = 10;
 
