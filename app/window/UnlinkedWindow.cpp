@@ -18,7 +18,7 @@ namespace zor {
 namespace {
 
 constexpr int millisecondsBetweenLooks = 1000;
-constexpr QSize firstSize{860, 380};
+constexpr QSize firstListSize{860, 380};
 constexpr int margin = 14;
 enum Column { dashboardColumn, instrumentColumn, storedColumn, chooserColumn, linkColumn };
 constexpr int fieldWidths[] = {170, 150, 170};
@@ -82,7 +82,7 @@ UnlinkedWindow::UnlinkedWindow(SiteWindow& window)
     layout->addWidget(notice_);
     layout->addWidget(list_, 1);
     layout->addWidget(buttons);
-    resize(firstSize);
+    resize(firstListSize);
     connect(&clock_, &QTimer::timeout, this, [this] {
         if (isVisible()) refresh();
     });
