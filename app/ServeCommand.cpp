@@ -2,18 +2,16 @@
 #include <cstdio>
 
 #include "app/Commands.h"
-#include "app/DataFolder.h"
 #include "app/Runtime.h"
 #include "app/SiteSession.h"
 #include "app/StationStore.h"
+#include "app/WebDefaults.h"
 #include "app/pages/SitePages.h"
 #include "host/foundation/MainQueue.h"
 
 namespace zor {
 
 namespace {
-
-constexpr std::uint16_t usualPort = 8087;
 
 /// "ADDRESS:PORT", "[::1]:PORT", "localhost:PORT" or "PORT".
 Result<WebServer::Options> parseAddress(const std::string& text) {
@@ -35,7 +33,7 @@ Result<WebServer::Options> parseAddress(const std::string& text) {
 
 /// The token of a site stays the same however its file is named in the call.
 void keepTokenFor(const std::string& site, WebServer::Options& options) {
-    if (const auto folder = dataFolder()) options.tokenFolder = *folder / "web";
+    options.tokenFolder = webTokenFolder();
     std::error_code error;
     const auto path = std::filesystem::weakly_canonical(site, error);
     options.site = site == "demo" || error ? site : path.string();
@@ -59,7 +57,7 @@ int run(std::span<const std::string> words) {
     if (!arguments) return failUsage(serveCommand, arguments.error().message);
     if (arguments->words().size() != 1) return failUsage(serveCommand, "name one SITE");
     const auto asked = arguments->option("--http");
-    auto options = parseAddress(asked.value_or(std::to_string(usualPort)));
+    auto options = parseAddress(asked.value_or(std::to_string(usualWebPort)));
     if (!options) return failUsage(serveCommand, options.error().message);
     keepTokenFor(arguments->words()[0], *options);
 

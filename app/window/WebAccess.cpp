@@ -4,8 +4,6 @@
 #include <QString>
 #include <utility>
 
-#include "app/DataFolder.h"
-
 namespace zor {
 
 namespace {
@@ -17,7 +15,7 @@ const QString portKey = QStringLiteral("web/port");
 WebAccess::Choice chosenLast() {
     const QSettings settings;
     return {settings.value(servesKey, false).toBool(), settings.value(servesOthersKey, false).toBool(),
-            static_cast<std::uint16_t>(settings.value(portKey, WebAccess::usualPort).toUInt())};
+            static_cast<std::uint16_t>(settings.value(portKey, usualWebPort).toUInt())};
 }
 
 void remember(const WebAccess::Choice& choice) {
@@ -52,7 +50,7 @@ void WebAccess::start() {
     options.port = choice_.port;
     if (choice_.servesOthers) {
         options.addresses = {"::"};
-        options.tokenFolder = dataFolder().value_or(std::filesystem::path()) / "web";
+        options.tokenFolder = webTokenFolder();
         options.site = "window";
     }
     const auto handler = [pages = pages_](const WebRequest& request) { return pages->answer(request); };

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/WebDefaults.h"
 #include "app/pages/SitePages.h"
 
 namespace zor {
@@ -13,13 +14,11 @@ namespace zor {
 /// start.
 class WebAccess {
 public:
-    static constexpr std::uint16_t usualPort = 8087;
-
     struct Choice {
         bool serves = false;
         /// To other machines as well, which must know the token.
         bool servesOthers = false;
-        std::uint16_t port = usualPort;
+        std::uint16_t port = usualWebPort;
 
         bool operator==(const Choice&) const = default;
     };
