@@ -1,5 +1,6 @@
-// Documents with very many of something: what they cost grows with their size, not with its square. Four times as much
-// must not take more than ten times as long, where its square would take sixteen.
+// Documents with very many of something: what they cost grows with their size, not with its square. So many that work
+// in proportion takes about a second, while its square takes minutes and meets the limit: no two times are compared,
+// which on a busy machine, or one with a coarse clock, says nothing.
 
 #include <gtest/gtest.h>
 
@@ -13,23 +14,15 @@ namespace {
 
 using Number = ArchiveBuilder::Number;
 
-constexpr std::size_t few = 2'500;
-constexpr std::size_t many = 4 * few;
-constexpr double mostGrowth = 10;
+constexpr double secondsAtMost = 30;
 
 /// Opening and closing a Site Document of that kind.
 template <typename Make>
-void expectProportion(const char* what, Make make) {
-    const auto run = [](const Bytes& data) {
-        const auto status = openSite(data);
-        EXPECT_TRUE(status) << status.error().message;
-    };
-    const Bytes small = make(few);
-    const Bytes large = make(many);
-    const TimeLimit limit(what, 120);
-    const double quick = secondsOf([&](std::size_t) { run(small); }, few);
-    const double slow = secondsOf([&](std::size_t) { run(large); }, many);
-    EXPECT_LT(slow, mostGrowth * quick) << what << ": " << quick << " s and " << slow << " s";
+void expectProportion(const char* what, std::size_t count, Make make) {
+    const Bytes data = make(count);
+    const TimeLimit limit(what, secondsAtMost);
+    const auto status = openSite(data);
+    EXPECT_TRUE(status) << status.error().message;
 }
 
 /// A Site Document of a station with these properties and plug-ins.
@@ -49,7 +42,7 @@ Number dashboardOf(ArchiveBuilder& archive, Number arrayClass, const std::vector
 }
 
 TEST(Proportion, Dashboards) {
-    expectProportion("dashboards", [](std::size_t count) {
+    expectProportion("dashboards", 50'000, [](std::size_t count) {
         ArchiveBuilder archive;
         const Number arrayClass = archive.classOf("NSArray");
         const Number dashboardClass = archive.classOf("ZORDashboardPlugIn");
@@ -64,7 +57,7 @@ TEST(Proportion, Dashboards) {
 }
 
 TEST(Proportion, Properties) {
-    expectProportion("properties", [](std::size_t count) {
+    expectProportion("properties", 400'000, [](std::size_t count) {
         ArchiveBuilder archive;
         const Number arrayClass = archive.classOf("NSArray");
         const Number propertyClass = archive.classOf("ZORProperty");
@@ -97,25 +90,26 @@ Bytes siteWithWidgets(std::size_t count, std::string_view className, bool linked
 }
 
 TEST(Proportion, WidgetsOfOneProperty) {
-    expectProportion("widgets of one property",
+    expectProportion("widgets of one property", 100'000,
                      [](std::size_t count) { return siteWithWidgets(count, "ZORTextFieldView", false); });
 }
 
 TEST(Proportion, WidgetsOfAPropertyEach) {
-    expectProportion("widgets of a property each",
+    expectProportion("widgets of a property each", 100'000,
                      [](std::size_t count) { return siteWithWidgets(count, "ZORLEDView", true); });
 }
 
 TEST(Proportion, Clocks) {
-    expectProportion("clocks", [](std::size_t count) { return siteWithWidgets(count, "ZORDateTimeFieldView", false); });
+    expectProportion("clocks", 100'000,
+                     [](std::size_t count) { return siteWithWidgets(count, "ZORDateTimeFieldView", false); });
 }
 
 TEST(Proportion, Plots) {
-    expectProportion("plots", [](std::size_t count) { return siteWithWidgets(count, "ZORPlotView", false); });
+    expectProportion("plots", 100'000, [](std::size_t count) { return siteWithWidgets(count, "ZORPlotView", false); });
 }
 
 TEST(Proportion, SelectedWidgets) {
-    expectProportion("selected widgets", [](std::size_t count) {
+    expectProportion("selected widgets", 400'000, [](std::size_t count) {
         ArchiveBuilder archive;
         const Number arrayClass = archive.classOf("NSArray");
         const Number widgetClass = archive.classOf("ZORWidgetHostView");

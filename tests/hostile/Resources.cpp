@@ -2,7 +2,6 @@
 
 #include <malloc.h>
 #include <sys/time.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <atomic>
@@ -99,12 +98,6 @@ TimeLimit::TimeLimit(std::string work, double seconds) {
 
 TimeLimit::~TimeLimit() {
     setTimer(0);
-}
-
-double processorSeconds() {
-    timespec time{};
-    ::clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &time);
-    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 bool wantsAll() {

@@ -37,24 +37,6 @@ public:
     ~TimeLimit();
 };
 
-/// Processor time that the work of `run(size)` takes, as the least of three runs.
-template <typename Run>
-double secondsOf(Run&& run, std::size_t size);
-
-double processorSeconds();
-
-template <typename Run>
-double secondsOf(Run&& run, std::size_t size) {
-    double least = 1e9;
-    for (int trial = 0; trial < 3; ++trial) {
-        const double start = processorSeconds();
-        run(size);
-        const double taken = processorSeconds() - start;
-        least = taken < least ? taken : least;
-    }
-    return least;
-}
-
 /// Whether the variable asks for everything instead of a portion.
 bool wantsAll();
 
