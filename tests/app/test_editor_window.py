@@ -312,6 +312,22 @@ class EditorWindowTest(WindowTestCase):
         self.save()
         self.assertEqual(self.frames(), [before[0], [99, *before[1][1:]]])
 
+    def test_revert_has_a_key_and_takes_a_drag_back_too(self):
+        self.insert_box_and_find_it()
+        before = self.frames()
+        panel = self.open_panel(560, 360)
+        self.type_into_x("300")
+        self.activate(self.window)
+        # Of the box, what the panel leaves free.
+        self.drag((570, 290), (590, 300))
+        self.save()
+        self.assertEqual(self.frames(), [before[0], [320, before[1][1] + 10, 256, 256]])
+        self.xdotool("windowactivate", "--sync", panel)
+        self.key("alt+r")
+        self.activate(self.window)
+        self.save()
+        self.assertEqual(self.frames(), before)
+
     def test_escape_closes_the_panel(self):
         self.insert_box_and_find_it()
         self.click(560, 360)
@@ -350,6 +366,23 @@ class EditorWindowTest(WindowTestCase):
         self.assertEqual(len(frames), first + 1)
         self.assertEqual(frames[-1], [copied[0] + 10, copied[1] - 10, 256, 256])
 
+    def test_widgets_travel_between_two_windows_of_one_program(self):
+        self.insert_box_and_find_it()
+        copied = self.frames()[1]
+        other = self.path / "other.site"
+        other.write_bytes(self.site.read_bytes())
+        self.open(self.site, other)
+        self.activate(self.window_titled("home"))
+        self.choose_blank()
+        self.click(560, 360)
+        time.sleep(0.6)
+        self.key("ctrl+c")
+        self.activate(self.window_titled("other"))
+        self.choose_blank()
+        self.key("ctrl+v")
+        self.save()
+        self.assertEqual(self.frames(other), [*self.frames(), [copied[0] + 10, copied[1] - 10, 256, 256]])
+
     def test_a_drag_scrolls_at_the_edge(self):
         self.xdotool("windowsize", "--sync", self.window, 900, 600)
         self.insert_box(400, 200)
@@ -364,6 +397,27 @@ class EditorWindowTest(WindowTestCase):
         self.save()
         # Farther than the pointer went.
         self.assertGreater(self.frames()[1][1], before[1] + (555 - 260) + 50)
+
+    def test_the_menu_of_an_entry_duplicates_renames_and_removes(self):
+        titles = self.titles_in(self.site)
+        # Its entries: the dashboard's own, one for a window, rename and remove.
+        self.choose_in_context_menu(80, 100, "Down")
+        self.save()
+        # The click is on the second.
+        duplicate = titles[1] + " 2"
+        self.assertEqual(self.titles_in(self.site), [*titles, duplicate])
+        self.choose_in_context_menu(80, 100, "Down", "Down", "Down")
+        self.key("ctrl+a")
+        self.xdotool("type", "Orchard")
+        self.key("Return")
+        self.save()
+        self.assertEqual(self.titles_in(self.site), [titles[0], "Orchard", *titles[2:], duplicate])
+        self.choose_in_context_menu(80, 100, "Up")
+        self.window_titled("Remove")
+        time.sleep(0.3)
+        self.key("Return")
+        self.save()
+        self.assertEqual(self.titles_in(self.site), [titles[0], *titles[2:], duplicate])
 
     def test_dashboards_are_renamed_in_place_and_removed(self):
         self.key("F2")
