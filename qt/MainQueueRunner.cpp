@@ -28,8 +28,15 @@ MainQueueRunner::~MainQueueRunner() {
 
 bool MainQueueRunner::event(QEvent* event) {
     if (event->type() != workWaits()) return QObject::event(event);
-    MainQueue::shared().run();
+    // Qt goes on to what is posted meanwhile before it looks at anything else: work that always waits again would keep
+    // the signal to quit, the mouse and the timers from their turn. A timer comes once in a round of the loop.
+    if (!turn_.isActive()) turn_.start(0, this);
     return true;
+}
+
+void MainQueueRunner::timerEvent(QTimerEvent*) {
+    turn_.stop();
+    MainQueue::shared().run();
 }
 
 }  // namespace zor

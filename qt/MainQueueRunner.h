@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QBasicTimer>
 #include <QObject>
 
 namespace zor {
 
-/// Runs the main queue's work in Qt's event loop. Make it on the main thread once the application object is there.
+/// Runs the main queue's work in Qt's event loop, however much there is in turns with everything else. Make it on the
+/// main thread once the application object is there.
 class MainQueueRunner : public QObject {
 public:
     MainQueueRunner();
@@ -13,6 +15,10 @@ public:
 
 protected:
     bool event(QEvent* event) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    QBasicTimer turn_;
 };
 
 }  // namespace zor

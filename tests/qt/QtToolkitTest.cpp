@@ -7,6 +7,7 @@
 #include <QCursor>
 #include <QMenu>
 #include <QScreen>
+#include <QTimer>
 #include <thread>
 
 #include "host/foundation/ClassBuilder.h"
@@ -120,6 +121,21 @@ TEST(MainQueueRunner, RunsTheWorkOfOtherThreads) {
     while (!finished) QApplication::processEvents(QEventLoop::AllEvents, 20);
     worker.join();
     EXPECT_TRUE(onMain);
+}
+
+TEST(MainQueueRunner, WorkWithoutEndLeavesTheOtherEventsTheirTurn) {
+    MainQueueRunner runner;
+    constexpr int muchTooOften = 10000;
+    int runs = 0;
+    bool hasEnded = false;
+    // As requests of the web that come as fast as they are answered.
+    std::function<void()> again = [&] {
+        if (!hasEnded && ++runs < muchTooOften) MainQueue::shared().post(again);
+    };
+    MainQueue::shared().post(again);
+    QTimer::singleShot(0, [&] { hasEnded = true; });
+    while (!hasEnded) QApplication::processEvents();
+    EXPECT_LT(runs, muchTooOften);
 }
 
 }  // namespace zor
