@@ -2,27 +2,32 @@
 
 namespace zor {
 
-ConnectionTable::Room ConnectionTable::roomFor(const InternetAddress& client) const {
+ConnectionTable::Room ConnectionTable::makeRoomFor(const InternetAddress& client) {
     const std::lock_guard lock(mutex_);
     const InternetAddress key = client.client();
+    std::size_t all = 0;
     std::size_t own = 0;
     // The oldest unfinished heads.
-    const std::pair<const int, Connection>* ofAll = nullptr;
-    const std::pair<const int, Connection>* ofClient = nullptr;
-    const auto note = [](const auto*& oldest, const auto& each) {
-        if (each.second.isInGate && (!oldest || each.second.since < oldest->second.since)) oldest = &each;
+    std::pair<const int, Connection>* ofAll = nullptr;
+    std::pair<const int, Connection>* ofClient = nullptr;
+    const auto note = [](auto*& oldest, auto& each) {
+        if (each.second.isUnfinished() && (!oldest || each.second.since < oldest->second.since)) oldest = &each;
     };
-    for (const auto& each : connections_) {
+    for (auto& each : connections_) {
+        if (each.second.place == Place::cut) continue;
+        ++all;
         note(ofAll, each);
         if (each.second.client != key) continue;
         ++own;
         note(ofClient, each);
     }
     const bool isOwnFull = own >= (client.isLoopback() ? limitPerLoopbackClient : limitPerClient);
-    if (!isOwnFull && connections_.size() < limit) return {.isThere = true};
-    const auto* victim = isOwnFull ? ofClient : ofAll;
+    if (!isOwnFull && all < limit) return {.isThere = true};
+    auto* victim = isOwnFull ? ofClient : ofAll;
     if (!victim) return {};
-    return {.isThere = true, .victim = victim->first};
+    if (victim->second.place == Place::gate) return {.isThere = true, .victim = victim->first};
+    cut(victim->first, victim->second);
+    return {.isThere = true};
 }
 
 void ConnectionTable::enter(int socket, const InternetAddress& client, Time now) {
@@ -30,28 +35,40 @@ void ConnectionTable::enter(int socket, const InternetAddress& client, Time now)
     connections_[socket] = {client.client(), now, now + headTime};
 }
 
-void ConnectionTable::setDeadline(int socket, std::optional<Time> deadline, bool isInGate) {
+/// `since`: its head is waited for from now on.
+void ConnectionTable::move(int socket, Place place, std::optional<Time> deadline, std::optional<Time> since) {
     const std::lock_guard lock(mutex_);
     const auto found = connections_.find(socket);
-    if (found == connections_.end()) return;
-    found->second.deadline = deadline;
-    found->second.isInGate = isInGate;
+    if (found == connections_.end() || found->second.place == Place::cut) return;
+    auto& connection = found->second;
+    connection = {connection.client, since.value_or(connection.since), deadline, place};
+}
+
+/// The caller holds the lock, so that the socket is still this connection's.
+void ConnectionTable::cut(int socket, Connection& connection) {
+    cut_(socket);
+    connection.deadline.reset();
+    connection.place = Place::cut;
 }
 
 void ConnectionTable::refuse(int socket, Time now) {
-    setDeadline(socket, now + farewellTime, true);
+    move(socket, Place::gate, now + farewellTime);
 }
 
 void ConnectionTable::pass(int socket, Time now) {
-    setDeadline(socket, now + headTime, false);
+    move(socket, Place::served, now + headTime);
 }
 
 void ConnectionTable::wait(int socket) {
-    setDeadline(socket, {}, false);
+    move(socket, Place::served, {});
 }
 
 void ConnectionTable::answer(int socket, Time now) {
-    setDeadline(socket, now + answerTime, false);
+    move(socket, Place::served, now + answerTime_);
+}
+
+void ConnectionTable::keep(int socket, Time now) {
+    move(socket, Place::kept, now + headTime, now);
 }
 
 void ConnectionTable::leave(int socket) {
@@ -59,17 +76,15 @@ void ConnectionTable::leave(int socket) {
     connections_.erase(socket);
 }
 
-std::vector<int> ConnectionTable::overdue(Time now, const std::function<void(int socket)>& cut) {
+std::vector<int> ConnectionTable::overdue(Time now) {
     const std::lock_guard lock(mutex_);
     std::vector<int> gate;
     for (auto& [socket, connection] : connections_) {
         if (!connection.deadline || *connection.deadline > now) continue;
-        if (connection.isInGate) {
+        if (connection.place == Place::gate) {
             gate.push_back(socket);
         } else {
-            // Under the lock, so that the socket is still this connection's.
-            cut(socket);
-            connection.deadline.reset();
+            cut(socket, connection);
         }
     }
     return gate;
@@ -88,7 +103,7 @@ std::vector<int> ConnectionTable::inGate() const {
     const std::lock_guard lock(mutex_);
     std::vector<int> sockets;
     for (const auto& [socket, connection] : connections_) {
-        if (connection.isInGate) sockets.push_back(socket);
+        if (connection.place == Place::gate) sockets.push_back(socket);
     }
     return sockets;
 }

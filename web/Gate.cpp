@@ -30,11 +30,12 @@ bool isListener(const Listeners& listeners, int descriptor) {
     return std::ranges::find(listeners.sockets(), descriptor) != listeners.sockets().end();
 }
 
-void setOptions(int socket) {
+void setOptions(int socket, std::chrono::milliseconds answerTime) {
     const int yes = 1;
+    // The last piece of an answer must not wait until the one before is acknowledged, 44 ms later.
     setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &yes, sizeof yes);
     // The system, too, keeps what nobody takes no longer than that.
-    const unsigned milliseconds = std::chrono::milliseconds(ConnectionTable::answerTime).count();
+    const auto milliseconds = static_cast<unsigned>(answerTime.count());
     setsockopt(socket, IPPROTO_TCP, TCP_USER_TIMEOUT, &milliseconds, sizeof milliseconds);
 }
 
@@ -98,9 +99,7 @@ void Gate::run() {
         for (const auto& event : ready) {
             if (isListener(listeners_, event.data.fd)) letIn(event.data.fd);
         }
-        for (const int socket : connections_.overdue(Clock::now(), [](int cut) { shutdown(cut, SHUT_RDWR); })) {
-            close(socket);
-        }
+        for (const int socket : connections_.overdue(Clock::now())) close(socket);
     }
 }
 
@@ -120,8 +119,8 @@ void Gate::letIn(int listener) {
 }
 
 void Gate::enter(int socket, const InternetAddress& client) {
-    setOptions(socket);
-    const auto room = connections_.roomFor(client);
+    setOptions(socket, connections_.answerTime());
+    const auto room = connections_.makeRoomFor(client);
     if (room.victim) close(*room.victim);
     if (!room.isThere) {
         send(socket, Reply{WebAnswer::busy()}.wireText(true));
@@ -148,7 +147,7 @@ void Gate::look(int socket, bool isEnded) {
         epoll_ctl(events_, EPOLL_CTL_DEL, socket, nullptr);
         guests_.erase(socket);
         connections_.pass(socket, Clock::now());
-        pass_(socket, client, *verdict.head);
+        pass_(socket, client);
     } else if (verdict.refusal) {
         refuse(socket, verdict);
     } else if (isEnded) {

@@ -11,13 +11,13 @@
 
 namespace zor {
 
-/// Lets connections in and holds each until the whole head of its request is there, in time, in bounds and without a
-/// body; whatever else comes is refused or cut here. One thread for all, so that slow clients cost nothing but their
-/// place. It only looks at what has come: whoever takes the connection over reads it from the start.
+/// Lets connections in and holds each until the whole head of its first request is there, in time, in bounds and
+/// without a body; whatever else comes is refused or cut here. One thread for all, so that slow clients cost nothing
+/// but their place. It only looks at what has come: whoever takes the connection over reads it from the start.
 class Gate {
 public:
     /// Takes over the socket, which is in the table until whoever has it closes it; the gate's thread.
-    using Pass = std::function<void(int socket, const InternetAddress& client, const RequestHead& head)>;
+    using Pass = std::function<void(int socket, const InternetAddress& client)>;
 
     /// All must outlive the gate, but for the function.
     static Result<std::unique_ptr<Gate>> open(Listeners& listeners, ConnectionTable& connections, Pass pass);

@@ -22,10 +22,16 @@ constexpr unsigned libraryLimit = 2 * ConnectionTable::limit;
 /// One connection's request and its answer.
 struct Exchange {
     InternetAddress client;
-    std::string target;
+    /// Path and query as they were sent.
+    std::string target = {};
     bool isAnnounced = false;
     std::optional<Reply> reply = {};
 };
+
+Exchange& exchangeOf(MHD_Connection* connection) {
+    const auto* info = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT);
+    return *static_cast<Exchange*>(info->socket_context);
+}
 
 int socketOf(MHD_Connection* connection) {
     return MHD_get_connection_info(connection, MHD_CONNECTION_INFO_CONNECTION_FD)->connect_fd;
@@ -43,6 +49,26 @@ std::optional<std::string_view> value(MHD_Connection* connection, MHD_ValueKind 
     std::size_t size = 0;
     if (MHD_lookup_connection_value_n(connection, kind, name.data(), name.size(), &text, &size) != MHD_YES) return {};
     return text ? std::string_view(text, size) : std::string_view();
+}
+
+/// A refusal for what breaks the rules of heads. The library has taken the head apart, so the lines are put together
+/// again as they were, but for the space around values.
+std::optional<Reply> objectionToHead(MHD_Connection* connection, std::string_view method, std::string_view target,
+                                     std::string_view version) {
+    const auto* size = MHD_get_connection_info(connection, MHD_CONNECTION_INFO_REQUEST_HEADER_SIZE);
+    if (!size || size->header_size > RequestHead::sizeLimit) return RequestHead::tooLarge();
+    std::string head;
+    const auto add = [&](auto... parts) { (head.append(parts), ...); };
+    add(method, " ", target, " ", version, "\r\n");
+    const auto addLine = [](void* text, MHD_ValueKind, const char* name, std::size_t nameSize, const char* value,
+                            std::size_t valueSize) {
+        auto& lines = *static_cast<std::string*>(text);
+        lines.append(name, nameSize).append(":").append(value ? value : "", valueSize).append("\r\n");
+        return MHD_YES;
+    };
+    MHD_get_connection_values_n(connection, MHD_HEADER_KIND, addLine, &head);
+    add("\r\n");
+    return RequestHead::examine(head).refusal;
 }
 
 /// The body belongs to the response until it has been sent.
@@ -109,33 +135,48 @@ struct HttpDaemon::State {
         connections.wait(socketOf(connection));
         MHD_suspend_connection(connection);
         pool.add([this, connection, &exchange, request = WebRequest{path}](bool isEnding) {
-            exchange.reply = Reply{answerOf(handler, request, isEnding)};
+            exchange.reply = Reply{.answer = answerOf(handler, request, isEnding), .isLast = isEnding};
             MHD_resume_connection(connection);
         });
     }
 
-    /// The library calls it once to announce the request, once with all of it, and once more after the rest.
-    static MHD_Result handle(void* context, MHD_Connection* connection, const char* path, const char*, const char*,
-                             const char*, std::size_t*, void**) {
-        auto& state = *static_cast<State*>(context);
-        auto& exchange = *static_cast<Exchange*>(
-            MHD_get_connection_info(connection, MHD_CONNECTION_INFO_SOCKET_CONTEXT)->socket_context);
-        if (!exchange.isAnnounced) {
-            exchange.isAnnounced = true;
-            return MHD_YES;
-        }
-        if (!exchange.reply) exchange.reply = state.objection(connection, exchange);
-        if (!exchange.reply) {
-            state.ask(connection, exchange, path);
-            return MHD_YES;
-        }
-        state.connections.answer(socketOf(connection), Clock::now());
-        MHD_Response* response = makeResponse(*exchange.reply);
+    MHD_Result answer(MHD_Connection* connection, const Reply& reply) {
+        connections.answer(socketOf(connection), Clock::now());
+        MHD_Response* response = makeResponse(reply);
         if (!response) return MHD_NO;
-        const auto status = static_cast<unsigned>(exchange.reply->answer.status);
-        const auto result = MHD_queue_response(connection, status, response);
+        const auto result = MHD_queue_response(connection, static_cast<unsigned>(reply.answer.status), response);
         MHD_destroy_response(response);
         return result;
+    }
+
+    /// The library calls it with the line of a request, before it decodes the address.
+    static void* begin(void*, const char* target, MHD_Connection* connection) {
+        exchangeOf(connection).target = target;
+        return nullptr;
+    }
+
+    /// The library calls it once with the head of a request, before it asks for a body, and twice more with all of it:
+    /// to be answered and, where the pool makes the answer, to take that.
+    static MHD_Result handle(void* context, MHD_Connection* connection, const char* path, const char* method,
+                             const char* version, const char*, std::size_t*, void**) {
+        auto& state = *static_cast<State*>(context);
+        auto& exchange = exchangeOf(connection);
+        if (!exchange.isAnnounced) {
+            exchange.isAnnounced = true;
+            const auto refusal = objectionToHead(connection, method, exchange.target, version);
+            return refusal ? state.answer(connection, *refusal) : MHD_YES;
+        }
+        if (!exchange.reply) exchange.reply = state.objection(connection, exchange);
+        if (exchange.reply) return state.answer(connection, *exchange.reply);
+        state.ask(connection, exchange, path);
+        return MHD_YES;
+    }
+
+    /// The library tells the end of each answer before it reads on or tells the end of the connection.
+    static void complete(void* context, MHD_Connection* connection, void**, MHD_RequestTerminationCode) {
+        auto& exchange = exchangeOf(connection);
+        exchange = {exchange.client};
+        static_cast<State*>(context)->connections.keep(socketOf(connection), Clock::now());
     }
 
     /// The library tells the end before it closes the socket.
@@ -162,16 +203,17 @@ std::unique_ptr<HttpDaemon> HttpDaemon::start(ConnectionTable& connections, Work
         MHD_USE_EPOLL_INTERNAL_THREAD | MHD_USE_NO_LISTEN_SOCKET | MHD_USE_ITC | MHD_ALLOW_SUSPEND_RESUME;
     state->daemon =
         MHD_start_daemon(flags, 0, nullptr, nullptr, &State::handle, state.get(), MHD_OPTION_NOTIFY_CONNECTION,
-                         &State::notify, state.get(), MHD_OPTION_CONNECTION_LIMIT, libraryLimit,
-                         MHD_OPTION_CONNECTION_MEMORY_LIMIT, memoryPerConnection, MHD_OPTION_END);
+                         &State::notify, state.get(), MHD_OPTION_URI_LOG_CALLBACK, &State::begin, state.get(),
+                         MHD_OPTION_NOTIFY_COMPLETED, &State::complete, state.get(), MHD_OPTION_CONNECTION_LIMIT,
+                         libraryLimit, MHD_OPTION_CONNECTION_MEMORY_LIMIT, memoryPerConnection, MHD_OPTION_END);
     if (!state->daemon) return {};
     return std::unique_ptr<HttpDaemon>(new HttpDaemon(std::move(state)));
 }
 
-void HttpDaemon::add(int socket, const InternetAddress& client, const std::string& target) {
+void HttpDaemon::add(int socket, const InternetAddress& client) {
     {
         const std::lock_guard lock(state_->mutex);
-        state_->exchanges[socket] = {client, target};
+        state_->exchanges[socket] = {client};
     }
     const auto from = client.socket(0);
     // The library closes the socket where it fails, without a word about its end.

@@ -11,8 +11,9 @@
 
 namespace zor {
 
-/// Reads the one request of each connection that it is given and sends the answer, through the HTTP library on one
-/// thread of its own; the answers are made by the pool.
+/// Reads the requests of each connection that it is given, one after the other, and sends the answers, through the HTTP
+/// library on one thread of its own; the answers are made by the pool. Every head is held to the rules of RequestHead
+/// and AccessRule; whoever breaks them is told so and has to go.
 class HttpDaemon {
 public:
     using Handler = std::function<WebAnswer(const WebRequest&)>;
@@ -24,8 +25,8 @@ public:
     /// Closes all connections.
     ~HttpDaemon();
 
-    /// Takes over the socket, whose client has sent a whole head for the target and no body. Any thread.
-    void add(int socket, const InternetAddress& client, const std::string& target);
+    /// Takes over the socket, whose client has sent a whole head. Any thread.
+    void add(int socket, const InternetAddress& client);
 
 private:
     struct State;

@@ -15,6 +15,8 @@ struct Reply {
 
     WebAnswer answer;
     std::vector<Header> headers = {};
+    /// Whether the connection ends with it. Whoever is refused has to come again by the door.
+    bool isLast = true;
 
     static Reply methodNotAllowed();
     /// All headers but the length of the body: those of the answer and those that every answer carries.

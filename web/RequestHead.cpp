@@ -10,9 +10,6 @@ namespace {
 Reply malformed() {
     return {WebAnswer::text(400, "This is not a request.\n")};
 }
-Reply headTooLarge() {
-    return {WebAnswer::text(431, "The head of the request is too large.\n")};
-}
 /// The library would ask for the body that must not come.
 Reply expectationFailed() {
     return {WebAnswer::text(417, "Requests end with their head here.\n")};
@@ -89,7 +86,7 @@ std::optional<Reply> objectionToHeaders(std::string_view lines) {
         const auto line = takeLine(lines);
         const auto colon = line.find(':');
         if (colon == std::string_view::npos || !isToken(line.substr(0, colon))) return malformed();
-        if (++count > RequestHead::headerLimit) return headTooLarge();
+        if (++count > RequestHead::headerLimit) return RequestHead::tooLarge();
         const auto name = line.substr(0, colon);
         const auto value = trimmed(line.substr(colon + 1));
         if (equalsIgnoringCase(name, "host") && ++hosts > 1) return malformed();
@@ -105,11 +102,15 @@ std::optional<Reply> objectionToHeaders(std::string_view lines) {
 
 }  // namespace
 
+Reply RequestHead::tooLarge() {
+    return {WebAnswer::text(431, "The head of the request is too large.\n")};
+}
+
 RequestHead::Verdict RequestHead::examine(std::string_view bytes) {
     Verdict verdict;
     const auto end = bytes.substr(0, sizeLimit).find("\r\n\r\n");
     if (end == std::string_view::npos) {
-        if (bytes.size() >= sizeLimit) verdict.refusal = headTooLarge();
+        if (bytes.size() >= sizeLimit) verdict.refusal = tooLarge();
         return verdict;
     }
     auto lines = bytes.substr(0, end + 2);

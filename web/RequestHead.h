@@ -23,6 +23,8 @@ struct RequestHead {
 
     /// Of the bytes that have come so far, of which more than the limit are of no use.
     static Verdict examine(std::string_view bytes);
+    /// The refusal of a head beyond the limits.
+    static Reply tooLarge();
 };
 
 /// Neither a head nor a refusal: more must come.

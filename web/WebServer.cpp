@@ -19,12 +19,15 @@ struct WebServer::State {
     std::optional<AccessToken> token;
     std::vector<InternetAddress> served = listeners.addresses();
     std::uint16_t port = listeners.port();
-    ConnectionTable connections = {};
+    ConnectionTable connections;
     WorkerPool pool{workers};
     std::unique_ptr<HttpDaemon> daemon = {};
     std::unique_ptr<Gate> gate = {};
 
-    State(Listeners opened, std::optional<AccessToken> kept) : listeners(std::move(opened)), token(std::move(kept)) {}
+    State(Listeners opened, std::optional<AccessToken> kept, std::chrono::milliseconds answerTime)
+        : listeners(std::move(opened)),
+          token(std::move(kept)),
+          connections([](int socket) { shutdown(socket, SHUT_RDWR); }, answerTime) {}
 
     /// Nobody comes in, then all answers are made, then all connections end.
     ~State() {
@@ -49,16 +52,14 @@ Result<std::unique_ptr<WebServer>> WebServer::start(const Options& options, Hand
         if (!kept) return kept.error();
         token = std::move(*kept);
     }
-    auto state = std::make_unique<State>(std::move(*listeners), token);
+    auto state = std::make_unique<State>(std::move(*listeners), token, options.answerTime);
     AccessRule rule({state->port, servesOthers ? HostCheck::nameOfThisMachine() : ""}, std::move(token),
                     "station-" + std::to_string(state->port));
     state->daemon = HttpDaemon::start(state->connections, state->pool, std::move(rule), std::move(handler));
     if (!state->daemon) return Error{"cannot serve: the system has no room for another server"};
-    auto gate =
-        Gate::open(state->listeners, state->connections,
-                   [daemon = state->daemon.get()](int socket, const InternetAddress& client, const RequestHead& head) {
-                       daemon->add(socket, client, head.target);
-                   });
+    auto gate = Gate::open(
+        state->listeners, state->connections,
+        [daemon = state->daemon.get()](int socket, const InternetAddress& client) { daemon->add(socket, client); });
     if (!gate) return gate.error();
     state->gate = std::move(*gate);
     return std::unique_ptr<WebServer>(new WebServer(std::move(state)));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <functional>
@@ -13,9 +14,8 @@
 
 namespace zor {
 
-/// A small HTTP server for pages and pictures: GET and HEAD only, no request bodies, one request for each connection,
-/// nothing kept. Served to this machine alone it is open to all its users; served to other machines it asks everybody
-/// for a token.
+/// A small HTTP server for pages and pictures: GET and HEAD only, no request bodies, nothing kept. Served to this
+/// machine alone it is open to all its users; served to other machines it asks everybody for a token.
 class WebServer {
 public:
     /// Called on worker threads, several at once; it may wait for the main thread.
@@ -31,6 +31,8 @@ public:
         /// the path of its document does. Both are needed as soon as an address is not a loopback address.
         std::filesystem::path tokenFolder;
         std::string site;
+        /// How long a client may take to read a whole answer.
+        std::chrono::milliseconds answerTime = std::chrono::seconds(30);
     };
 
     /// Serves until the object is destroyed. The error names the address and why it cannot be served, or the token's

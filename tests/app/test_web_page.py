@@ -259,6 +259,7 @@ class InABrowser(BrowserTest):
             self.page.open(link)
             self.assertEqual(self.page.ask("document.contentType"), "image/png")
             self.assertGreater(self.page.ask("document.images[0].naturalWidth"), 0)
+            self.assertEqual(self.page.problems(), [])
 
     def test_enter_opens_the_picture_beside_the_page(self):
         self.open()
@@ -272,6 +273,7 @@ class InABrowser(BrowserTest):
     def test_the_icon_is_one(self):
         self.page.open(self.server.url + "favicon.ico")
         self.assertEqual(self.page.ask("document.documentElement.localName"), "svg")
+        self.assertEqual(self.page.problems(), [])
 
 
 class HostileInABrowser(Hostile, BrowserTest):

@@ -12,7 +12,7 @@ import subprocess
 import time
 import unittest
 
-from web_support import Answer, ServedTest, read_all
+from web_support import Answer, ServedTest, is_open, read_all, read_answer
 
 # On every answer, whoever gives it.
 COMMON = {
@@ -20,7 +20,6 @@ COMMON = {
     "Referrer-Policy": "no-referrer",
     "Cache-Control": "no-store",
     "Cross-Origin-Resource-Policy": "same-origin",
-    "Connection": "close",
 }
 HEAD_LIMIT = 8192
 
@@ -68,6 +67,8 @@ class Loopback(ServedTest):
             self.assertEqual(answer.status, status, request)
             for name, value in COMMON.items():
                 self.assertEqual(answer.header(name), value, (status, name))
+            # Whoever breaks the rules has to go.
+            self.assertEqual(answer.header("Connection"), None if status in (200, 404) else "close", status)
             policy = answer.header("Content-Security-Policy")
             for rule in ("default-src 'none'", "img-src 'self'", "frame-ancestors 'self'", "form-action 'none'"):
                 self.assertIn(rule, policy.split("; "), status)
@@ -75,6 +76,11 @@ class Loopback(ServedTest):
             self.assertEqual(int(answer.header("Content-Length")), len(answer.body), status)
             self.assertIsNone(answer.header("Server"))
             self.assertNotRegex(answer.raw.decode("latin-1").lower(), r"microhttpd|exception|station/\d")
+
+    def test_only_bare_pictures_may_be_styled_by_the_browser(self):
+        self.assertIn("style-src 'unsafe-inline'", self.get("/favicon.svg").header("Content-Security-Policy").split("; "))
+        for target in ("/", "/style.css", "/nothing"):
+            self.assertIn("style-src 'self'", self.get(target).header("Content-Security-Policy").split("; "), target)
 
     def test_both_loopback_addresses_share_a_port(self):
         self.assertEqual(self.get().status, 200)
@@ -146,17 +152,13 @@ class Loopback(ServedTest):
         for piece in (b"G", b"ET / HTTP/1.1\r", b"\nHost: localhost\r\n", b"\r", b"\n"):
             connection.sendall(piece)
             time.sleep(0.05)
-        self.assertEqual(Answer(read_all(connection)).status, 200)
+        self.assertEqual(read_answer(connection).status, 200)
 
     def test_a_client_that_has_said_all_may_close_its_side(self):
         connection = self.connect()
         connection.sendall(b"GET / HTTP/1.1\r\nHost: localhost\r\n\r\n")
         connection.shutdown(socket.SHUT_WR)
         self.assertEqual(Answer(read_all(connection)).status, 200)
-
-    def test_one_request_for_each_connection(self):
-        two = f"GET /nothing HTTP/1.1\r\nHost: 127.0.0.1:{self.port}\r\n\r\n".encode() * 2
-        self.assertEqual(self.ask(two).raw.count(b"HTTP/1.1 404"), 1)
 
     def test_slow_heads_are_cut_after_five_seconds(self):
         """A silent client and one that sends a byte every half second."""
@@ -178,30 +180,21 @@ class Loopback(ServedTest):
         self.assertEqual(silent.recv(1), b"")
         self.assertLess(time.monotonic() - start, 7)
 
-    def is_open(self, connection):
-        connection.settimeout(0.05)
-        try:
-            return connection.recv(1) != b""
-        except TimeoutError:
-            return True
-        except ConnectionError:
-            return False
-
     def test_the_thirty_third_of_one_client_pushes_its_first_out(self):
         connections = [self.connect("127.0.0.2") for _ in range(32)]
         other = self.connect("127.0.0.3")
-        self.assertTrue(self.is_open(connections[0]))
+        self.assertTrue(is_open(connections[0]))
         self.assertEqual(self.get("/nothing", source="127.0.0.2").status, 404)
-        self.assertFalse(self.is_open(connections[0]))
-        self.assertTrue(all(map(self.is_open, connections[1:8])))
-        self.assertTrue(self.is_open(other))
+        self.assertFalse(is_open(connections[0]))
+        self.assertTrue(all(map(is_open, connections[1:8])))
+        self.assertTrue(is_open(other))
 
     def test_the_sixty_fifth_of_all_pushes_the_first_out(self):
         connections = [self.connect(f"127.0.0.{10 + number // 8}") for number in range(64)]
-        self.assertTrue(self.is_open(connections[0]))
+        self.assertTrue(is_open(connections[0]))
         self.assertEqual(self.get("/nothing").status, 404)
-        self.assertFalse(self.is_open(connections[0]))
-        self.assertTrue(self.is_open(connections[1]))
+        self.assertFalse(is_open(connections[0]))
+        self.assertTrue(is_open(connections[1]))
 
     def test_no_answer_stalls(self):
         times = []
@@ -212,6 +205,16 @@ class Loopback(ServedTest):
         # Forty milliseconds is what an acknowledgement that is waited for takes.
         self.assertLess(sorted(times)[10], 0.03)
 
+    def test_no_answer_stalls_on_a_kept_connection(self):
+        """The system delays acknowledgements on these, so that an answer in two pieces would take 44 ms."""
+        connection = self.connect()
+        times = []
+        for _ in range(20):
+            start = time.monotonic()
+            self.assertEqual(self.ask_on(connection, self.request("/style.css")).status, 200)
+            times.append(time.monotonic() - start)
+        self.assertLess(sorted(times)[10], 0.03)
+
     def test_ends_well_on_either_signal_with_connections_open(self):
         idle, half = self.connect(), self.connect()
         half.sendall(b"GET / HT")
@@ -219,6 +222,127 @@ class Loopback(ServedTest):
         self.assertEqual((read_all(idle), read_all(half)), (b"", b""))
         self.serve()
         self.assertLess(self.end(signal.SIGTERM), 3)
+
+
+class KeptConnections(ServedTest):
+    """What comes after the first request on a connection."""
+
+    def setUp(self):
+        super().setUp()
+        self.serve()
+        self.connection = self.connect()
+        self.assertEqual(self.ask_on(self.connection, self.request("/nothing")).status, 404)
+
+    def assert_refused(self, raw, status):
+        """As the same would be on a connection of its own, and the connection ends."""
+        alone = self.ask(raw)
+        answer = self.ask_on(self.connection, raw)
+        self.assertEqual((answer.status, alone.status), (status, status), raw[:100])
+        without_date = lambda headers: sorted(each for each in headers if each[0] != "Date")
+        self.assertEqual(without_date(answer.headers), without_date(alone.headers))
+        self.assertEqual((answer.header("Connection"), answer.body), ("close", alone.body))
+        self.assertEqual(read_all(self.connection), b"")
+
+    def test_answers_one_request_after_the_other(self):
+        for target, status in (("/", 200), ("/style.css", 200), ("/nothing", 404), ("/", 200)):
+            answer = self.ask_on(self.connection, self.request(target))
+            self.assertEqual((answer.status, answer.header("Connection")), (status, None))
+            for name, value in COMMON.items():
+                self.assertEqual(answer.header(name), value, (target, name))
+        answer = self.ask_on(self.connection, self.request("/style.css", method="HEAD"))
+        self.assertEqual((answer.status, answer.body), (200, b""))
+        self.assertTrue(is_open(self.connection))
+
+    def test_answers_what_comes_in_one_piece_in_its_order(self):
+        self.connection.sendall(self.request("/style.css") + self.request("/nothing") + self.request("/favicon.svg"))
+        answers = [read_answer(self.connection) for _ in range(3)]
+        self.assertEqual([answer.status for answer in answers], [200, 404, 200])
+        self.assertEqual([answer.header("Content-Type") for answer in answers],
+                         ["text/css; charset=utf-8", "text/plain; charset=utf-8", "image/svg+xml"])
+        self.assertTrue(is_open(self.connection))
+
+    def test_a_head_in_pieces_is_read(self):
+        request = self.request("/style.css")
+        for at in range(0, len(request), 10):
+            self.connection.sendall(request[at:at + 10])
+            time.sleep(0.01)
+        self.assertEqual(read_answer(self.connection).status, 200)
+
+    def test_whoever_wants_to_go_is_let_go(self):
+        answer = self.ask_on(self.connection, self.request("/nothing", "Connection: close"))
+        self.assertEqual((answer.status, answer.header("Connection")), (404, "close"))
+        self.assertEqual(read_all(self.connection), b"")
+        old = self.connect()
+        answer = self.ask_on(old, b"GET /nothing HTTP/1.0\r\nHost: localhost\r\n\r\n")
+        self.assertEqual(answer.status, 404)
+        self.assertEqual(read_all(old), b"")
+
+    def test_a_head_of_eight_kibibytes_is_read_and_one_byte_more_is_not(self):
+        rest = len(self.request("/nothing", "X: "))
+        fits = self.request("/nothing", "X: " + "y" * (HEAD_LIMIT - rest))
+        self.assertEqual(self.ask_on(self.connection, fits).status, 404)
+        self.assert_refused(self.request("/nothing", "X: " + "y" * (HEAD_LIMIT - rest + 1)), 431)
+
+    def test_sixty_four_headers_are_read_and_one_more_is_not(self):
+        headers = [f"X{number}: y" for number in range(63)]
+        self.assertEqual(self.ask_on(self.connection, self.request("/nothing", *headers)).status, 404)
+        self.assert_refused(self.request("/nothing", *headers, "X: y"), 431)
+
+    def test_a_foreign_name_is_refused(self):
+        self.assert_refused(self.request(host="evil.example"), 421)
+
+    def test_two_names_are_refused(self):
+        self.assert_refused(self.request("/", "Host: localhost"), 400)
+
+    def test_another_method_is_refused(self):
+        self.assert_refused(self.request(method="POST"), 405)
+
+    def test_a_body_is_refused_before_it_comes(self):
+        self.assert_refused(self.request("/", "Content-Length: 1000000"), 413)
+
+    def test_a_body_in_chunks_is_refused_before_it_comes(self):
+        self.assert_refused(self.request("/", "Transfer-Encoding: chunked"), 413)
+
+    def test_an_expectation_is_refused(self):
+        self.assert_refused(self.request("/", "Expect: 100-continue"), 417)
+
+    def test_a_zero_byte_in_the_path_is_refused(self):
+        self.assert_refused(self.request("/style.css%00.png"), 400)
+
+    def test_a_slow_head_is_cut_after_five_seconds(self):
+        start = time.monotonic()
+        self.connection.settimeout(0.5)
+        ended = None
+        while ended is None and time.monotonic() - start < 20:
+            try:
+                self.connection.sendall(b"G")
+                if not self.connection.recv(1):
+                    ended = time.monotonic() - start
+            except TimeoutError:
+                pass
+            except ConnectionError:
+                ended = time.monotonic() - start
+        self.assertIsNotNone(ended)
+        self.assertTrue(4 < ended < 8, ended)
+
+    def test_silence_ends_it(self):
+        start = time.monotonic()
+        self.assertEqual(self.connection.recv(1), b"")
+        self.assertTrue(4 < time.monotonic() - start < 8)
+
+    def test_a_newcomer_pushes_the_longest_silent_out(self):
+        kept = [self.connect("127.0.0.2") for _ in range(32)]
+        for connection in [*kept[1:], kept[0]]:
+            self.assertEqual(self.ask_on(connection, self.request("/style.css")).status, 200)
+        self.assertEqual(self.get("/nothing", source="127.0.0.2").status, 404)
+        self.assertEqual([is_open(connection) for connection in kept], [True, False] + [True] * 30)
+
+    def test_ends_well_with_silent_connections(self):
+        kept = [self.connection, *(self.connect() for _ in range(7))]
+        for connection in kept:
+            self.assertEqual(self.ask_on(connection, self.request("/style.css")).status, 200)
+        self.assertLess(self.end(), 3)
+        self.assertEqual([read_all(connection) for connection in kept], [b""] * 8)
 
 
 class OtherMachines(ServedTest):

@@ -39,6 +39,37 @@ def read_all(connection):
     return raw
 
 
+def read_answer(connection, has_body=True):
+    """One answer and nothing of what may follow it, or what has come of it where the other side ends it before."""
+    raw = b""
+    try:
+        while b"\r\n\r\n" not in raw:
+            if not (chunk := connection.recv(1)):
+                return Answer(raw)
+            raw += chunk
+        length = int(Answer(raw).header("Content-Length") or 0) if has_body else 0
+        while length > 0 and (chunk := connection.recv(min(length, 65536))):
+            raw += chunk
+            length -= len(chunk)
+    except ConnectionError:
+        pass
+    return Answer(raw)
+
+
+def is_open(connection):
+    """Whether the other side has neither ended the connection nor said anything more."""
+    connection.settimeout(0.05)
+    try:
+        connection.recv(1)
+        return False
+    except TimeoutError:
+        return True
+    except ConnectionError:
+        return False
+    finally:
+        connection.settimeout(30)
+
+
 class ServedTest(unittest.TestCase):
     """`serve` starts the program; it ends with the test and must end well."""
 
@@ -82,15 +113,20 @@ class ServedTest(unittest.TestCase):
         return connection
 
     def ask(self, raw, **keys):
-        """The answer to these bytes."""
-        connection = self.connect(**keys)
+        """The answer to these bytes on a connection of their own."""
+        with self.connect(**keys) as connection:
+            return self.ask_on(connection, raw)
+
+    def ask_on(self, connection, raw):
         try:
             connection.sendall(raw)
         except ConnectionError:
             pass
-        with connection:
-            return Answer(read_all(connection))
+        return read_answer(connection, not raw.startswith(b"HEAD "))
+
+    def request(self, target="/", *headers, method="GET", host=None):
+        lines = [f"{method} {target} HTTP/1.1", f"Host: {host or f'127.0.0.1:{self.port}'}", *headers]
+        return ("\r\n".join(lines) + "\r\n\r\n").encode("latin-1")
 
     def get(self, target="/", *headers, method="GET", host=None, **keys):
-        lines = [f"{method} {target} HTTP/1.1", f"Host: {host or f'127.0.0.1:{self.port}'}", *headers]
-        return self.ask(("\r\n".join(lines) + "\r\n\r\n").encode("latin-1"), **keys)
+        return self.ask(self.request(target, *headers, method=method, host=host), **keys)
