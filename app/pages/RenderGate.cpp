@@ -12,15 +12,15 @@ RenderGate::Pass::~Pass() {
 
 std::optional<RenderGate::Pass> RenderGate::enter() {
     std::unique_lock lock(mutex_);
-    if (next_ - current_ > roomToWait) return {};
-    const auto mine = next_++;
-    turn_.wait(lock, [&] { return current_ == mine; });
+    if (come_ - gone_ > roomToWait) return {};
+    const auto mine = come_++;
+    turn_.wait(lock, [&] { return mine < gone_ + atTheDoor; });
     return std::optional<Pass>(std::in_place, *this);
 }
 
 void RenderGate::leave() {
     const std::lock_guard lock(mutex_);
-    ++current_;
+    ++gone_;
     turn_.notify_all();
 }
 

@@ -7,13 +7,17 @@
 
 namespace zor {
 
-/// Lets one picture be rendered at a time and eight more requests wait for it, in the order in which they came; whoever
-/// comes after them is turned away. Any thread.
+/// Lets one picture be rendered and eight more requests wait, in the order in which they came; whoever comes after them
+/// is turned away. Pictures are drawn on the main thread, one at a time: the first who waits does so at that thread's
+/// door, so that it goes from one picture to the next without a pause, and the others do so here, so that between two
+/// pictures everything else has its turn there. Any thread.
 class RenderGate {
 public:
     static constexpr std::uint64_t roomToWait = 8;
+    /// Who draws, and who is next.
+    static constexpr std::uint64_t atTheDoor = 2;
 
-    /// The right to render, until it is destroyed.
+    /// The right to ask the main thread for a picture, until it is destroyed.
     class Pass {
     public:
         explicit Pass(RenderGate& gate) : gate_(&gate) {}
@@ -35,9 +39,9 @@ private:
 
     std::mutex mutex_;
     std::condition_variable turn_;
-    /// Numbers handed out, and the number whose turn it is: equal while nobody is here.
-    std::uint64_t next_ = 0;
-    std::uint64_t current_ = 0;
+    /// How many have come and how many of them have gone: equal while nobody is here.
+    std::uint64_t come_ = 0;
+    std::uint64_t gone_ = 0;
 };
 
 }  // namespace zor

@@ -1,8 +1,10 @@
 #include "app/pages/SitePages.h"
 
 #include <algorithm>
+#include <chrono>
 #include <map>
 #include <random>
+#include <thread>
 
 #include "app/pages/Advertisement.h"
 #include "app/pages/Html.h"
@@ -15,6 +17,9 @@ namespace zor {
 namespace {
 
 constexpr std::string_view plugInsAddress = "/plugins/";
+/// For samples that plots have asked for; their absence is no reason to show nothing.
+constexpr std::chrono::seconds longestWaitForThePast{2};
+constexpr std::chrono::milliseconds betweenLooks{5};
 
 /// What nobody can have put into a title beforehand.
 std::string unguessable() {
@@ -24,9 +29,13 @@ std::string unguessable() {
     return text + '0';
 }
 
-WebAnswer quitting() { return WebAnswer::text(503, "The station is closing.\n"); }
+WebAnswer quitting() {
+    return WebAnswer::text(503, "The station is closing.\n");
+}
 
-WebAnswer nothingHere() { return WebAnswer::text(404, "There is nothing here.\n"); }
+WebAnswer nothingHere() {
+    return WebAnswer::text(404, "There is nothing here.\n");
+}
 
 WebAnswer fileAnswer(std::string_view contents, std::string type) {
     WebAnswer answer = WebAnswer::text(200, contents);
@@ -56,6 +65,24 @@ std::vector<ListedPlugIn> titlesIn(const SiteDocument& document) {
         if (shown && controller->window()) listed.push_back({shown->uniqueIdentifier(), controller->window()->title()});
     }
     return listed;
+}
+
+/// Whether samples have come since the news were counted, when all that was asked for has come or it takes too long. A
+/// worker's thread.
+bool hasNewsOfThePast(const History& history, std::uint64_t newsBefore) {
+    const auto deadline = std::chrono::steady_clock::now() + longestWaitForThePast;
+    while (true) {
+        bool isComing = false;
+        bool hasNews = false;
+        const auto look = [&] {
+            isComing = history.isFetching();
+            hasNews = history.newsCount() != newsBefore;
+        };
+        // A program that quits waits for nothing.
+        if (!MainQueue::shared().sync(look)) return false;
+        if (!isComing || std::chrono::steady_clock::now() >= deadline) return hasNews;
+        std::this_thread::sleep_for(betweenLooks);
+    }
 }
 
 }  // namespace
@@ -148,19 +175,33 @@ WebAnswer SitePages::plugInsAnswer(const WebRequest& request) {
     const std::size_t slash = below.find('/');
     if (slash == std::string_view::npos) return nothingHere();
     std::shared_ptr<ZORPlugIn> plugIn;
+    std::shared_ptr<History> history;
+    std::uint64_t news = 0;
     const auto find = [&] {
         for (const auto& hosted : hostedPlugIns()) {
-            if (hosted.name == below.substr(0, slash)) plugIn = hosted.plugIn;
+            if (hosted.name != below.substr(0, slash)) continue;
+            plugIn = hosted.plugIn;
+            history = hosted.document->agent()->history();
+            news = history->newsCount();
         }
     };
     if (!MainQueue::shared().sync(find)) return quitting();
     if (!plugIn) return nothingHere();
-    std::shared_ptr<DataResponse> response;
+    WebAnswer answer = answerOf(*plugIn, request);
+    // What was drawn while some of its past was on its way is drawn again, and others are let in before that.
+    if (answer.status == 200 && hasNewsOfThePast(*history, news)) {
+        auto again = answerOf(*plugIn, request);
+        if (again.status == 200) answer = std::move(again);
+    }
+    // Whatever may be the last reference to either goes where it lives.
+    MainQueue::shared().post([plugIn = std::move(plugIn), history = std::move(history)] {});
+    return answer;
+}
+
+WebAnswer SitePages::answerOf(ZORPlugIn& plugIn, const WebRequest& request) {
     const auto pass = gate_.enter();
-    if (pass) response = plugIn->webServiceResponseForRequest(request);
-    // Whatever may be the last reference to a plug-in goes where its views live.
-    MainQueue::shared().post([plugIn = std::move(plugIn)] {});
     if (!pass) return WebAnswer::busy();
+    const auto response = plugIn.webServiceResponseForRequest(request);
     if (!response) return nothingHere();
     return {.contentType = response->contentType, .body = response->data};
 }

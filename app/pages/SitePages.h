@@ -23,7 +23,7 @@ public:
 
     /// Worker threads, several at once; what concerns views is done on the main thread while the worker waits. 404
     /// where nothing answers, 503 for pictures while too many wait for theirs, and for everything while the program
-    /// quits.
+    /// quits. A picture waits a moment for the past that its plots have asked for, without keeping others from theirs.
     WebAnswer answer(const WebRequest& request);
 
 private:
@@ -32,6 +32,7 @@ private:
 
     WebAnswer index() const;
     WebAnswer plugInsAnswer(const WebRequest& request);
+    WebAnswer answerOf(ZORPlugIn& plugIn, const WebRequest& request);
     std::vector<HostedPlugIn> hostedPlugIns() const;
     std::vector<Asked> askForAdvertisements() const;
 

@@ -177,13 +177,16 @@ void History::fetchMissing(std::string_view key, TimeSpan span) {
         if (synchronous_) {
             merge(request, loader_->load(key, gap.from, gap.to));
         } else {
+            ++coming_;
             fetcher_->fetch(std::move(request));
         }
     }
 }
 
 void History::arrived(const Request& request, std::vector<Sample> samples) {
+    --coming_;
     if (request.generation != generation_ || !merge(request, std::move(samples))) return;
+    ++newsCount_;
     // The observers may replace themselves or drop the history.
     const auto keepAlive = weak_from_this().lock();
     const auto observer = observer_;
