@@ -53,8 +53,7 @@ bool Desktop::openSite(const QString& site, QWidget* parent) {
     }
     auto session = SiteSession::open(site.toStdString(), plugIns_);
     if (!session) {
-        tell(parent, QObject::tr("“%1” could not be opened.").arg(QFileInfo(site).fileName()),
-             session.error().message);
+        tell(parent, QObject::tr("“%1” could not be opened.").arg(QFileInfo(site).fileName()), session.error().message);
         return false;
     }
     if (isFile) noteRecentFile(QFileInfo(site).absoluteFilePath());
@@ -95,7 +94,15 @@ void Desktop::showHelp(const QString& anchor) {
     help_->showAnchor(anchor);
 }
 
-void Desktop::showWebAccess(QWidget* parent) { WebAccessDialog(*webAccess_, parent).exec(); }
+void Desktop::showWebAccess(QWidget* parent) {
+    if (!webAccessDialog_) {
+        webAccessDialog_ = new WebAccessDialog(
+            *webAccess_, [this] { showHelp(QStringLiteral("webaccess")); }, parent);
+    }
+    webAccessDialog_->show();
+    webAccessDialog_->raise();
+    webAccessDialog_->activateWindow();
+}
 
 void Desktop::windowClosed(SiteWindow* window) {
     // The window is still inside its own close event.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPointer>
 #include <QStringList>
 #include <memory>
 #include <string>
@@ -16,6 +17,7 @@ class HelpWindow;
 class HistoryStore;
 class SiteWindow;
 class WebAccess;
+class WebAccessDialog;
 
 /// The application with its windows: one for each open Site Document, and the help.
 class Desktop {
@@ -34,7 +36,7 @@ public:
     /// What was open last, or the demo station the first time.
     void openLast();
     void showHelp(const QString& anchor);
-    /// Asks whether browsers see the dashboards.
+    /// Asks whether browsers see the dashboards, in one dialog for all windows.
     void showWebAccess(QWidget* parent);
     /// Called by a window that has closed.
     void windowClosed(SiteWindow* window);
@@ -53,6 +55,7 @@ private:
     std::unique_ptr<HelpWindow> help_;
     /// Ends before the documents that it serves.
     std::unique_ptr<WebAccess> webAccess_;
+    QPointer<WebAccessDialog> webAccessDialog_;
 };
 
 }  // namespace zor

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSpinBox>
 #include <QStyle>
 #include <QVBoxLayout>
@@ -26,8 +27,10 @@ constexpr int addressWidth = 580;
 
 }  // namespace
 
-WebAccessDialog::WebAccessDialog(WebAccess& access, QWidget* parent) : QDialog(parent), access_(access) {
+WebAccessDialog::WebAccessDialog(WebAccess& access, std::function<void()> showHelp, QWidget* parent)
+    : QDialog(parent), access_(access) {
     setWindowTitle(tr("Web Access"));
+    setAttribute(Qt::WA_DeleteOnClose);
     serves_ = new QCheckBox(tr("&Serve the dashboards to browsers on this machine"), this);
     servesOthers_ = new QCheckBox(tr("…and to &other machines, which need the token in the address"), this);
     port_ = new QSpinBox(this);
@@ -40,12 +43,12 @@ WebAccessDialog::WebAccessDialog(WebAccess& access, QWidget* parent) : QDialog(p
     trouble_->setWordWrap(true);
     trouble_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     addresses_ = new QWidget(this);
-    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close | QDialogButtonBox::Help, this);
     close_ = buttons->button(QDialogButtonBox::Close);
 
     // What depends on the first choice stands under its text.
-    const int indent = style()->pixelMetric(QStyle::PM_IndicatorWidth) +
-                       style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
+    const int indent =
+        style()->pixelMetric(QStyle::PM_IndicatorWidth) + style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing);
     auto* details = new QVBoxLayout;
     details->setContentsMargins(indent, 0, 0, 0);
     details->addWidget(servesOthers_);
@@ -69,6 +72,8 @@ WebAccessDialog::WebAccessDialog(WebAccess& access, QWidget* parent) : QDialog(p
     connect(servesOthers_, &QCheckBox::toggled, this, [this] { choose(); });
     connect(port_, &QSpinBox::valueChanged, this, [this] { choose(); });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    connect(buttons, &QDialogButtonBox::helpRequested, this, showHelp);
+    connect(new QShortcut(QKeySequence::HelpContents, this), &QShortcut::activated, this, showHelp);
 }
 
 void WebAccessDialog::choose() {

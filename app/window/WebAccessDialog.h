@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <functional>
 
 class QCheckBox;
 class QLabel;
@@ -11,10 +12,11 @@ namespace zor {
 
 class WebAccess;
 
-/// Switches the web access on and off and shows its addresses. What is chosen holds at once.
+/// Switches the web access on and off and shows its addresses. What is chosen holds at once. It stands beside the
+/// windows, and is gone once it is closed.
 class WebAccessDialog : public QDialog {
 public:
-    WebAccessDialog(WebAccess& access, QWidget* parent);
+    WebAccessDialog(WebAccess& access, std::function<void()> showHelp, QWidget* parent);
 
 private:
     void choose();

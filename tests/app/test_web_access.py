@@ -75,6 +75,18 @@ class WebAccessTest(WindowTestCase):
                              text=True, timeout=30)
         return run.stdout
 
+    def test_its_help_opens_beside_it(self):
+        self.open(self.make_site())
+        self.show_dialog()
+        self.key("F1")
+        help_window = self.window_titled("^Station Help$")
+        self.xdotool("windowfocus", "--sync", help_window)
+        self.key("ctrl+w")
+        wait_for(lambda: not self.xdotool("search", "--onlyvisible", "--name", "^Station Help$"), "the help is gone")
+        self.xdotool("windowfocus", "--sync", self.dialog)
+        self.key("alt+s")
+        wait_for(self.is_served, "the page is served")
+
     def test_what_was_chosen_holds_at_the_next_start_and_ends_with_the_program(self):
         site = self.make_site()
         self.open(site)
