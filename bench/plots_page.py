@@ -9,11 +9,16 @@ CURVES = [("Outdoor Temperature", "°C", 12, 9, 10, 12), ("Outdoor Humidity", "%
 LEFT, TOP, WIDTH, HEIGHT = 44, 40, 420, 290
 
 
-def points(curve, run):
+def values(curve, run):
     _, _, level, swing, _, _ = curve
     for sample in range(SAMPLES):
         day = 2 * math.pi * sample / SAMPLES
-        value = level + swing * (0.7 * math.sin(day + run) + 0.2 * math.sin(17 * day) + 0.1 * math.sin(211 * day))
+        yield level + swing * (0.7 * math.sin(day + run) + 0.2 * math.sin(17 * day) + 0.1 * math.sin(211 * day))
+
+
+def points(curve, run):
+    _, _, level, swing, _, _ = curve
+    for sample, value in enumerate(values(curve, run)):
         yield (LEFT + WIDTH * sample / (SAMPLES - 1), TOP + HEIGHT * (0.5 - (value - level) / swing / 2.2))
 
 
