@@ -89,8 +89,8 @@ Json DriveSession::drag(const Fields& line) {
     const auto event = Event::mouse(EventType::mouseDragged, point, flags, clickCount(line));
     if (window()->hasPressedView()) {
         window()->sendEvent(event);
-    } else if (const auto view = rightPressedView_.lock()) {
-        view->mouseDragged(event);
+    } else if (rightPressedView_) {
+        ask(rightPressedView_->lock(), [&](View& view) { view.mouseDragged(event); });
     } else {
         line.refuse("do", "no button is down");
     }
@@ -110,9 +110,8 @@ Json DriveSession::rightPress(const Fields& line) {
     const Point point = windowPoint(line);
     const auto flags = modifierFlags(line);
     requireShown(line, *canvasFor(line), point);
-    if (auto* view = window()->contentView()->hitTest(point)) {
-        rightPressedView_ = std::static_pointer_cast<View>(view->shared_from_this());
-    }
+    auto* view = window()->contentView()->hitTest(point);
+    rightPressedView_ = view ? std::static_pointer_cast<View>(view->shared_from_this()) : nullptr;
     window()->sendEvent(Event::mouse(EventType::rightMouseDown, point, flags, 1));
     return Json::object();
 }

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -88,7 +89,7 @@ private:
     /// The one that shows the current dashboard: the site window, or a separate one.
     Window* window() const;
     void adopt(std::shared_ptr<SiteDocument> document);
-    /// Shows the dashboard that is selected now from the start: nobody has the keyboard, no button is down.
+    /// Begins anew with the dashboard that is selected now: nobody has the keyboard, and a right press counts no more.
     void showSelected();
     void setViewport(Point viewOrigin, Size viewport);
     Point windowPoint(const Fields& line) const;
@@ -104,7 +105,8 @@ private:
     std::unordered_map<std::int64_t, std::int64_t> idsByHash_;
     std::map<std::int64_t, std::weak_ptr<ZORWidgetHostView>> widgetsById_;
     std::vector<std::string> log_;
-    std::weak_ptr<View> rightPressedView_;
+    /// Of the last right press, unless a left one came after it; the view may be gone.
+    std::optional<std::weak_ptr<View>> rightPressedView_;
     Rect plugInFrame_;
 };
 

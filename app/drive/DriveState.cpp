@@ -19,7 +19,7 @@ Json instrumentState(const ZORInstrumentView& instrument) {
         state["fontSize"] = jsonFrom(font["size"]);
         state["bold"] = jsonFrom(font["bold"]);
     }
-    for (const char* name : {"alignment", "useProperty", "propertyFormat", "period"}) {
+    for (const char* name : {"fontSize", "alignment", "useProperty", "propertyFormat", "period"}) {
         if (record->property(name)) state[name] = jsonFrom(instrument.valueForKey(name));
     }
     if (record->property("agent")) {

@@ -82,7 +82,7 @@ class Editor:
         self.first_responder = "other"
         self.pointer = [0, 0]
         self.is_down = self.is_right_down = False
-        self.pressed = None
+        self.pressed = self.right_pressed = None
         self.last_id = 0
         for widget in widgets:
             self.add(widget)
@@ -407,7 +407,7 @@ class Editor:
     def drag(self, at, flags=()):
         if not self.is_down and not self.is_right_down:
             return "do"
-        widget = self.pressed if self.is_down else None
+        widget = self.pressed if self.is_down else self.right_pressed
         if not self.is_on_canvas(widget):
             return
         self.mouse_dragged_event(at, flags)
@@ -425,7 +425,7 @@ class Editor:
             self.mouse_up_event(at, flags)
 
     def rightPress(self, at, flags=()):
-        self.is_right_down = True
+        self.is_right_down, self.right_pressed = True, self.view_at(at)
         self.right_mouse_down(at)
 
     def choose(self, title):
