@@ -43,14 +43,25 @@ QPalette paletteOf(const Tones& tones) {
     return palette;
 }
 
+/// A style sheet keeps the colours of the palette with which it was read.
+void readStyleSheetsAgain() {
+    for (QWidget* widget : QApplication::allWidgets()) {
+        const QString sheet = widget->styleSheet();
+        if (sheet.isEmpty()) continue;
+        widget->setStyleSheet({});
+        widget->setStyleSheet(sheet);
+    }
+}
+
 void apply(Appearance appearance) {
     if (appearance == Appearance::system) {
         QApplication::setPalette(QPalette());
-        return;
+    } else {
+        // Other styles paint with colours of their own.
+        QApplication::setStyle(QStyleFactory::create("Fusion"));
+        QApplication::setPalette(paletteOf(appearance == Appearance::dark ? darkTones : lightTones));
     }
-    // Other styles paint with colours of their own.
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
-    QApplication::setPalette(paletteOf(appearance == Appearance::dark ? darkTones : lightTones));
+    readStyleSheetsAgain();
 }
 
 }  // namespace

@@ -45,7 +45,11 @@ QAction* DashboardMenus::add(QMenu& menu, const QString& text, const QString& ti
                              Condition isUseful) {
     QAction* action = menu.addAction(text);
     action->setToolTip(tip);
-    connect(action, &QAction::triggered, this, [this, name] { window_.sendAction(name); });
+    connect(action, &QAction::triggered, this, [this, name] {
+        window_.sendAction(name);
+        // Keys mean what was selected or added from now on; in the list, Delete removes dashboards.
+        canvas_.setFocus(Qt::OtherFocusReason);
+    });
     commands_.push_back({action, std::move(isUseful)});
     return action;
 }
@@ -64,7 +68,7 @@ void DashboardMenus::fillEditMenu(QMenu& menu) {
         return state.canPaste;
     })->setShortcut(QKeySequence::Paste);
     add(menu, tr("&Select All"), tr("Selects every widget"), "selectAll:", [](const EditorState& state) {
-        return state.isEdited && !state.widgets.empty();
+        return state.isEdited && state.selection.size() < state.widgets.size();
     })->setShortcut(QKeySequence::SelectAll);
     menu.addSeparator();
     add(menu, tr("&Duplicate"), tr("Copies the selected widgets beside themselves"), "duplicateObject:",

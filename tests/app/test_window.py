@@ -43,6 +43,20 @@ class WindowTest(WindowTestCase):
         self.key("F11")
         wait_for(lambda: size() == before or "WIDTH=1500" not in size(), "the window of before")
 
+    def brightness_of_the_list(self):
+        """From 0, black, to 1, where the list has no entries."""
+        run = subprocess.run(["convert", self.picture("window"), "-crop", "40x40+60+600", "-format", "%[fx:mean]",
+                              "info:"], capture_output=True, text=True, check=True)
+        return float(run.stdout)
+
+    def test_the_dark_appearance_reaches_the_list_at_once(self):
+        self.open(self.make_site())
+        self.assertGreater(self.brightness_of_the_list(), 0.9)
+        self.key("alt+v")
+        self.key("a")
+        self.key("Down", "Down", "Return")
+        wait_for(lambda: self.brightness_of_the_list() < 0.2, "a dark list")
+
     def test_help_opens_at_f1(self):
         self.open(self.make_site())
         self.key("F1")
