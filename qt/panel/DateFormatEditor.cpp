@@ -33,6 +33,7 @@ public:
         for (const char* format : usualFormats) box_->addItem(format);
         example_->setObjectName("example");
         example_->setMinimumWidth(1);
+        example_->setWordWrap(true);
         auto* layout = new QVBoxLayout(this);
         layout->setContentsMargins({});
         layout->setSpacing(2);

@@ -83,7 +83,7 @@ void PropertyPanel::setSections(std::vector<PanelSection> sections, const PanelC
         nothing->setAlignment(Qt::AlignCenter);
         column->addWidget(nothing);
     }
-    column->addStretch();
+    column->addStretch(1);
     softenLabels(*content);
     for (QComboBox* box : content->findChildren<QComboBox*>()) {
         box->setFocusPolicy(Qt::StrongFocus);

@@ -38,7 +38,10 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         const QRectF track(focusRoom, focusRoom, trackWidth, trackHeight);
         painter.setPen(Qt::NoPen);
-        const QColor off = palette().color(QPalette::Mid), on = palette().color(QPalette::Highlight);
+        const QColor on = palette().color(QPalette::Highlight);
+        // Of the ink, so that it shows on light and on dark ground.
+        QColor off = palette().color(QPalette::WindowText);
+        off.setAlphaF(0.3F);
         painter.setBrush(off);
         painter.drawRoundedRect(track, trackHeight / 2.0, trackHeight / 2.0);
         painter.setOpacity(place_);

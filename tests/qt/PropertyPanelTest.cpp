@@ -1,88 +1,16 @@
-// The property panel as a person sees and edits it: fields are found by their settings' names.
-
-#include <gtest/gtest.h>
+// The property panel as a person sees and edits it.
 
 #include <QAbstractButton>
-#include <QApplication>
 #include <QComboBox>
-#include <QKeyEvent>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
 #include <QTreeWidget>
 
 #include "host/instruments/ZORImageView.h"
-#include "host/instruments/ZORTextFieldView.h"
-#include "host/instruments/ZORWidgetHostView.h"
-#include "host/station/ZORPropertyPanelController.h"
-#include "qt/QtWindowPeer.h"
-#include "qt/panel/Fields.h"
-#include "qt/panel/PropertyPanel.h"
+#include "tests/qt/PropertyPanelFixture.h"
 
 namespace zor {
 namespace {
 
-class PropertyPanelTest : public testing::Test {
-protected:
-    ~PropertyPanelTest() override { controller.reset(); }
-
-    void open(const std::shared_ptr<ZORWidgetHostView>& shown) {
-        widget = shown;
-        if (controller) {
-            controller->setTargetObject(widget->targetView());
-            controller->setProperties(&widget->properties());
-        } else {
-            controller =
-                ZORPropertyPanelController::initWithAgent(agent, widget->targetView(), &widget->properties());
-            controller->window()->setFrame({100, 300, 320, 300});
-        }
-        controller->reload();
-        if (!controller->isVisible()) controller->showWindow();
-        QApplication::processEvents();
-    }
-    QWidget& window() { return *QtWindowPeer::widgetOf(controller->window().get()); }
-    SettingEditor& editor(const char* name) {
-        auto* found = window().findChild<QWidget*>(name);
-        EXPECT_NE(found, nullptr) << name;
-        return *static_cast<SettingEditor*>(found);
-    }
-    template <typename T>
-    T& part(const char* name) {
-        auto* found = editor(name).findChild<T*>();
-        EXPECT_NE(found, nullptr) << name;
-        return *found;
-    }
-    /// Replaces the text of a field as typing does, letter by letter.
-    static void type(QLineEdit& field, const QString& text) {
-        field.selectAll();
-        press(field, Qt::Key_Delete);
-        for (const QChar letter : text) press(field, 0, letter);
-        QApplication::processEvents();
-    }
-    static void press(QWidget& target, int key, const QString& text = {}) {
-        QKeyEvent down(QEvent::KeyPress, key, Qt::NoModifier, text);
-        QApplication::sendEvent(&target, &down);
-    }
-    static void leave(QWidget& field) {
-        QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
-        QApplication::sendEvent(&field, &out);
-    }
-    QString reason(const char* name) {
-        const auto* label = editor(name).parentWidget()->findChild<QLabel*>("reason");
-        return label->isHidden() ? QString() : label->text();
-    }
-    QPushButton& revert() {
-        for (auto* button : window().findChildren<QPushButton*>()) {
-            if (button->text() == "&Revert") return *button;
-        }
-        throw std::runtime_error("there is no Revert");
-    }
-    ZORTextFieldView& text() { return dynamic_cast<ZORTextFieldView&>(*widget->targetView()); }
-
-    std::shared_ptr<Agent> agent = Agent::withName("Garden");
-    std::shared_ptr<ZORWidgetHostView> widget;
-    std::shared_ptr<ZORPropertyPanelController> controller;
-};
+using test::PropertyPanelTest;
 
 TEST_F(PropertyPanelTest, FloatsAndIsCalledPropertiesUntilItHasATitle) {
     open(ZORWidgetHostView::textFieldWithRect({10, 20, 200, 40}));
@@ -201,12 +129,14 @@ TEST_F(PropertyPanelTest, PropertiesAreFoundByTyping) {
     EXPECT_TRUE(list->topLevelItem(2)->isHidden());
     press(*search, Qt::Key_Return);
     EXPECT_EQ(text().propertyName(), "outdoorTemperature");
-    EXPECT_EQ(part<QAbstractButton>("propertyName").accessibleDescription(), QStringLiteral("Outdoor Temperature 21.5 °C"));
+    EXPECT_EQ(part<QAbstractButton>("propertyName").accessibleDescription(),
+              QStringLiteral("Outdoor Temperature 21.5 °C"));
     temperature->setValue(22.5, now());
     // The widget lives in no agent's dashboard here, so that the name alone was linked; the panel shows the station's.
     widget->targetView()->setNeedsDisplay(true);
     QApplication::processEvents();
-    EXPECT_EQ(part<QAbstractButton>("propertyName").accessibleDescription(), QStringLiteral("Outdoor Temperature 22.5 °C"));
+    EXPECT_EQ(part<QAbstractButton>("propertyName").accessibleDescription(),
+              QStringLiteral("Outdoor Temperature 22.5 °C"));
 }
 
 TEST_F(PropertyPanelTest, DateFormatsShowAnExample) {
@@ -214,6 +144,27 @@ TEST_F(PropertyPanelTest, DateFormatsShowAnExample) {
     type(*part<QComboBox>("dateFormat").lineEdit(), "'noon'");
     EXPECT_EQ(widget->targetView()->valueForKey("dateFormat"), Value("'noon'"));
     EXPECT_EQ(editor("dateFormat").findChild<QLabel*>("example")->text(), "noon");
+}
+
+TEST_F(PropertyPanelTest, ALongExampleIsShownWhole) {
+    open(ZORWidgetHostView::dateTimeFieldWithRect({10, 20, 200, 40}));
+    type(*part<QComboBox>("dateFormat").lineEdit(), "EEEE, d MMMM yyyy HH:mm:ss, EEEE, d MMMM yyyy");
+    QApplication::processEvents();
+    const auto& example = *editor("dateFormat").findChild<QLabel*>("example");
+    const QRect needed =
+        example.fontMetrics().boundingRect(QRect(0, 0, example.width(), 1000), Qt::TextWordWrap, example.text());
+    EXPECT_LE(needed.width(), example.width());
+    EXPECT_LE(needed.height(), example.height());
+}
+
+TEST_F(PropertyPanelTest, RoomToSpareIsBelowTheEntries) {
+    const auto pitch = [this](const char* kind) {
+        open(ZORWidgetHostView::widgetOfKind(kind, {10, 20, 200, 40}, agent));
+        const auto topOf = [this](const char* name) { return editor(name).mapTo(&window(), QPoint()).y(); };
+        return topOf("frameWidth") - topOf("frameXCoordinate");
+    };
+    // Of many settings and of one.
+    EXPECT_EQ(pitch("textField"), pitch("webView"));
 }
 
 TEST_F(PropertyPanelTest, AddressesAreTakenWhenTheyAreComplete) {
@@ -296,10 +247,21 @@ TEST_F(PropertyPanelTest, WithoutATargetItIsEmpty) {
     EXPECT_EQ(window().findChild<QWidget*>("reason"), nullptr);
 }
 
-TEST_F(PropertyPanelTest, EscapeClosesIt) {
-    open(ZORWidgetHostView::boxWithRect({1, 2, 30, 40}));
-    press(part<NumberField>("frameXCoordinate"), Qt::Key_Escape);
-    EXPECT_FALSE(controller->isVisible());
+TEST_F(PropertyPanelTest, ASwitchThatIsOffShowsOnLightAndOnDarkGround) {
+    open(ZORWidgetHostView::textFieldWithRect({10, 20, 200, 40}));
+    auto& shown = part<QAbstractButton>("separateUnit");
+    ASSERT_FALSE(shown.isChecked());
+    for (const auto& [ground, ink] : {std::pair("#f5f5f7", "#1d1d1f"), std::pair("#232326", "#f0f0f2")}) {
+        QPalette palette(QColor(ground).lighter(110), QColor(ground));
+        palette.setColor(QPalette::WindowText, ink);
+        shown.setPalette(palette);
+        QImage image(shown.size(), QImage::Format_ARGB32_Premultiplied);
+        image.fill(QColor(ground));
+        shown.render(&image, {}, {}, QWidget::DrawChildren);
+        // Beside the knob, which is at the left.
+        const QColor track = image.pixelColor(image.width() - 10, image.height() / 2);
+        EXPECT_GT(std::abs(track.lightness() - QColor(ground).lightness()), 40) << ground;
+    }
 }
 
 }  // namespace

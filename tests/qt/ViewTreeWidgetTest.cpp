@@ -7,8 +7,11 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 
+#include "host/instruments/InstrumentDrawing.h"
+#include "host/instruments/ZORWidgetHostView.h"
 #include "host/views/ScrollView.h"
 #include "host/views/ShapeLayer.h"
+#include "qt/QtConversions.h"
 #include "qt/QtWindowPeer.h"
 
 namespace zor {
@@ -112,6 +115,45 @@ TEST_F(ViewTreeWidgetTest, ScalesWithTheDevice) {
     EXPECT_EQ(twice.pixel(101, 90), qRgb(0xFF, 0, 0));
     EXPECT_EQ(twice.pixel(299, 239), qRgb(0xFF, 0, 0));
     EXPECT_NE(twice.pixel(300, 239), qRgb(0xFF, 0, 0));
+}
+
+TEST_F(ViewTreeWidgetTest, ASelectionsEdgeIsSharpAtEveryScale) {
+    // Nothing in it, so that nothing but its look is there.
+    const auto empty = ZORWidgetHostView::initWithFrame({180.3, 30.7, 90, 80});
+    empty->setSelected(true);
+    root->addSubview(empty);
+    const QColor ground = widget.palette().color(QPalette::Window);
+    const QColor line = toQt(palette::accent);
+    for (const double scale : {1.0, 1.25, 1.5, 1.75, 2.0, 3.0}) {
+        QImage image(QSizeF(300 * scale, 200 * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(scale);
+        widget.render(&image);
+        const int middle = static_cast<int>(70 * scale);
+        int left = static_cast<int>(170 * scale);
+        while (left < image.width() && image.pixelColor(left, middle) == ground) ++left;
+        EXPECT_EQ(image.pixelColor(left, middle), line) << scale;
+        int top = static_cast<int>(20 * scale);
+        const int across = static_cast<int>(220 * scale);
+        while (top < image.height() && image.pixelColor(across, top) == ground) ++top;
+        EXPECT_EQ(image.pixelColor(across, top), line) << scale;
+    }
+}
+
+TEST_F(ViewTreeWidgetTest, OverAHandleThePointerTellsSo) {
+    const auto box = ZORWidgetHostView::boxWithRect({50, 40, 100, 80});
+    root->addSubview(box);
+    const auto shapeAt = [this](QPointF at) {
+        mouse(QEvent::MouseMove, at, Qt::NoButton, Qt::NoButton, 1000);
+        return widget.cursor().shape();
+    };
+    EXPECT_EQ(shapeAt({145, 115}), Qt::ArrowCursor);
+    box->setAllowResize(true);
+    EXPECT_EQ(shapeAt({145, 115}), Qt::SizeFDiagCursor);
+    EXPECT_EQ(shapeAt({137, 115}), Qt::ArrowCursor);
+    EXPECT_EQ(shapeAt({145, 115}), Qt::SizeFDiagCursor);
+    // Of what lies above, not of what shows below.
+    root->addSubview(view);
+    EXPECT_EQ(shapeAt({145, 115}), Qt::ArrowCursor);
 }
 
 TEST_F(ViewTreeWidgetTest, PressDragAndReleaseReachTheView) {
