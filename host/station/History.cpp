@@ -59,6 +59,9 @@ struct History::Request {
     std::string key;
     TimeSpan span;
     std::uint64_t generation;
+
+    /// The newest moments are asked for again and again, as the clock goes on.
+    bool isMoment() const { return span.to - span.from <= liveSpan; }
 };
 
 /// The thread on which loaders may block. It starts with the first request and ends with the history.
@@ -177,16 +180,16 @@ void History::fetchMissing(std::string_view key, TimeSpan span) {
         if (synchronous_) {
             merge(request, loader_->load(key, gap.from, gap.to));
         } else {
-            ++coming_;
+            if (!request.isMoment()) ++coming_;
             fetcher_->fetch(std::move(request));
         }
     }
 }
 
 void History::arrived(const Request& request, std::vector<Sample> samples) {
-    --coming_;
+    if (!request.isMoment()) --coming_;
     if (request.generation != generation_ || !merge(request, std::move(samples))) return;
-    ++newsCount_;
+    if (!request.isMoment()) ++newsCount_;
     // The observers may replace themselves or drop the history.
     const auto keepAlive = weak_from_this().lock();
     const auto observer = observer_;

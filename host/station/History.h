@@ -39,9 +39,9 @@ public:
     void setSynchronous(bool synchronous);
     /// What is known now of [from, to], ascending; fetches what is missing of it up to the present.
     std::vector<Sample> samples(std::string_view key, Seconds from, Seconds to);
-    /// Whether something that was asked for has not come yet.
+    /// Whether more than the latest moments has been asked for and has not come yet.
     bool isFetching() const { return coming_ > 0; }
-    /// How often fetched samples have come that were not known before.
+    /// How often such samples have come that were not known before.
     std::uint64_t newsCount() const { return newsCount_; }
     /// Adds a live reading, in whatever order it comes; a value of the same moment is replaced.
     void append(const Reading& reading);
@@ -67,7 +67,7 @@ private:
     /// What was asked for in an earlier generation is no longer wanted when it comes.
     std::uint64_t generation_ = 0;
     bool synchronous_ = false;
-    /// Requests that the fetcher has not answered.
+    /// Requests for more than moments that the fetcher has not answered.
     std::size_t coming_ = 0;
     std::uint64_t newsCount_ = 0;
 };

@@ -226,7 +226,8 @@ struct SitePagesWithAPastTest : SitePagesTest {
         const auto history = document->agent()->history();
         history->setLoader(past);
         plugIn->onRequest = [this, history] {
-            MainQueue::shared().sync([&] { known.push_back(history->samples("outdoorTemperature", 0, 100).size()); });
+            MainQueue::shared().sync(
+                [&] { known.push_back(history->samples("outdoorTemperature", 0, 10'000).size()); });
             ++pictures;
         };
     }

@@ -258,6 +258,29 @@ TEST_F(HistoryTest, WhatIsOnItsWayIsNotAskedForAgain) {
     EXPECT_THAT(loader->takeCalls(), ElementsAre(Call{"a", {0, 4000}}, Call{"a", {4000, 6000}}));
 }
 
+TEST_F(HistoryTest, TellsWhetherMoreThanTheLatestMomentsIsOnItsWay) {
+    loader->archive = {{1000, 1}, {9500, 5}};
+    history->setLoader(loader);
+    EXPECT_FALSE(history->isFetching());
+    history->samples("a", 0, 9000);
+    EXPECT_TRUE(history->isFetching());
+    runMainQueue(1);
+    EXPECT_FALSE(history->isFetching());
+    EXPECT_EQ(history->newsCount(), 1U);
+    // Ten minutes that have passed since: whoever shows the past does not wait for these.
+    history->samples("a", 0, 9600);
+    EXPECT_FALSE(history->isFetching());
+    runMainQueue(1);
+    EXPECT_EQ(history->newsCount(), 1U);
+    EXPECT_THAT(history->samples("a", 0, 9600), ElementsAre(Sample{1000, 1}, Sample{9500, 5}));
+    // A dropped request has been answered, too.
+    history->samples("c", 0, 9000);
+    history->clear();
+    runMainQueue(1);
+    EXPECT_FALSE(history->isFetching());
+    EXPECT_EQ(history->newsCount(), 1U);
+}
+
 TEST_F(HistoryTest, NothingNewIsNotAnnounced) {
     history->setLoader(loader);
     int announced = 0;
