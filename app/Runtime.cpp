@@ -5,16 +5,18 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QSocketNotifier>
-#include <QCoreApplication>
 #include <QTimer>
 #include <cmath>
 #include <cstdlib>
 
 #include "app/CommandLine.h"
+#include "app/DataFolder.h"
 #include "host/foundation/MainQueue.h"
 #include "host/foundation/NotificationCenter.h"
+#include "host/foundation/WritingNotes.h"
 #include "host/instruments/InstrumentClasses.h"
 #include "host/station/Reading.h"
 #include "qt/MainQueueRunner.h"
@@ -85,6 +87,7 @@ void Runtime::begin(std::unique_ptr<QCoreApplication> application, std::unique_p
     QCoreApplication::setOrganizationName("station");
     QCoreApplication::setApplicationName("station");
     Toolkit::install(std::move(toolkit));
+    if (const auto folder = dataFolder()) keepWritingNotesIn(*folder / "unfinished");
     queueRunner_ = std::make_unique<MainQueueRunner>();
     registerInstrumentClasses();
     plugIns_ = PlugInLibrary::load(PlugInLibrary::standardFolders());

@@ -67,8 +67,6 @@ function(zor_tests name folder)
     endif()
     add_executable(${name} ${sources})
     target_link_libraries(${name} PRIVATE ${ARGN} GTest::gmock GTest::gtest GTest::gtest_main)
-    target_compile_definitions(${name} PRIVATE
-        ZOR_SOURCE_DIR="${CMAKE_SOURCE_DIR}" ZOR_BUILD_DIR="${CMAKE_BINARY_DIR}")
     target_precompile_headers(${name} PRIVATE <gtest/gtest.h> <memory> <string> <vector>)
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1)
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen" LABELS unit)

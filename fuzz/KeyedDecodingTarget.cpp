@@ -1,23 +1,10 @@
 // A keyed archive of any class that the program knows: decoded, archived again, decoded again; opened as a document.
 
 #include "fuzz/Check.h"
-#include "fuzz/PropertyListMutator.h"
 #include "host/foundation/KeyedArchiver.h"
-#include "host/foundation/Log.h"
 #include "tests/hostile/SampleDocuments.h"
 
 using namespace zor;
-
-extern "C" int LLVMFuzzerInitialize(int*, char***) {
-    setLogSink({});
-    test::loadPlugIn();
-    return 0;
-}
-
-extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
-                                               unsigned seed) {
-    return fuzz::mutatePropertyList(data, size, maxSize, seed);
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto root = KeyedUnarchiver::unarchivedRoot({data, size});

@@ -1,15 +1,9 @@
 // A property list, binary or XML: read, made a value, written, read again.
 
 #include "fuzz/Check.h"
-#include "fuzz/PropertyListMutator.h"
 #include "host/foundation/PropertyList.h"
 
 using namespace zor;
-
-extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t maxSize,
-                                               unsigned seed) {
-    return fuzz::mutatePropertyList(data, size, maxSize, seed);
-}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const auto list = PropertyList::parse({data, size});

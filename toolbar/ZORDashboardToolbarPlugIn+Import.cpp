@@ -33,7 +33,6 @@ void ZORDashboardToolbarPlugIn::importDashboard(const ObjectPtr&) {
 
 void ZORDashboardToolbarPlugIn::importFile(const std::shared_ptr<OpenPanel>& panel) {
     // What cannot be read leaves everything absent, and the warning says so in its way.
-    removeAbandonedScraps(panel->path());
     const auto data = readFile(panel->path());
     UnarchivingOptions options;
     options.delegate = this;

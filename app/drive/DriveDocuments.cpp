@@ -190,6 +190,7 @@ Json DriveSession::writePicture(const Fields& line, const Value& data) {
 void DriveSession::adopt(std::shared_ptr<SiteDocument> document) {
     if (document_) document_->close();
     document_ = std::move(document);
+    forgetGoneWidgets();
     document_->siteWindowController()->setPlugInFrame(plugInFrame_);
     // Loads the interface, so that the selection window can be asked before it is shown.
     for (const auto& entry : document_->entryPlugIns()) entry->view();

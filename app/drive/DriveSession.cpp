@@ -100,10 +100,16 @@ void DriveSession::lookOverCanvas() {
     if (!canvas) return;
     for (const auto& child : canvas->subviews()) {
         const auto& widget = static_cast<const ZORWidgetHostView&>(*child);
-        const auto [entry, isNew] =
-            idsByHash_.try_emplace(widget.hash(), static_cast<std::int64_t>(idsByHash_.size()) + 1);
-        if (isNew) widgetsById_[entry->second] = std::static_pointer_cast<ZORWidgetHostView>(child);
+        const auto [entry, isNew] = idsByHash_.try_emplace(widget.hash(), lastId_ + 1);
+        if (!isNew) continue;
+        lastId_ = entry->second;
+        widgetsById_[lastId_] = std::static_pointer_cast<ZORWidgetHostView>(child);
     }
+}
+
+void DriveSession::forgetGoneWidgets() {
+    std::erase_if(widgetsById_, [](const auto& each) { return each.second.expired(); });
+    std::erase_if(idsByHash_, [this](const auto& each) { return !widgetsById_.contains(each.second); });
 }
 
 Json DriveSession::idOf(const ZORWidgetHostView& widget) const {

@@ -93,7 +93,10 @@ private:
     void showSelected();
     void setViewport(Point viewOrigin, Size viewport);
     Point windowPoint(const Fields& line) const;
+    /// Gives the canvas's new widgets their ids.
     void lookOverCanvas();
+    /// A run of many documents holds no more than the present one needs; ids are never given twice.
+    void forgetGoneWidgets();
     Json idOf(const ZORWidgetHostView& widget) const;
     Json widgetState(const ZORWidgetHostView& widget) const;
     Json panelState(const ObjectPtr& dashboard) const;
@@ -104,6 +107,7 @@ private:
     std::shared_ptr<SiteDocument> document_;
     std::unordered_map<std::int64_t, std::int64_t> idsByHash_;
     std::map<std::int64_t, std::weak_ptr<ZORWidgetHostView>> widgetsById_;
+    std::int64_t lastId_ = 0;
     std::vector<std::string> log_;
     /// Of the last right press, unless a left one came after it; the view may be gone.
     std::optional<std::weak_ptr<View>> rightPressedView_;

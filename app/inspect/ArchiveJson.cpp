@@ -35,16 +35,26 @@ public:
 
     Json node(PropertyList::Index index, int depth) {
         switch (list_.kind(index)) {
-            case Kind::boolean: return list_.boolean(index);
-            case Kind::integer: return list_.integer(index);
-            case Kind::real: return jsonFrom(list_.real(index));
-            case Kind::date: return {{"secondsSince2001", jsonFrom(list_.date(index).secondsSinceReference)}};
-            case Kind::string: return std::string(list_.string(index));
-            case Kind::data: return {{"bytes", list_.data(index).size()}};
-            case Kind::uid: return reference(list_.uid(index), depth);
-            case Kind::array: return array(list_.items(index), depth);
-            case Kind::dictionary: return dictionary(index, depth);
-            default: return nullptr;
+            case Kind::boolean:
+                return list_.boolean(index);
+            case Kind::integer:
+                return list_.integer(index);
+            case Kind::real:
+                return jsonFrom(list_.real(index));
+            case Kind::date:
+                return {{"secondsSince2001", jsonFrom(list_.date(index).secondsSinceReference)}};
+            case Kind::string:
+                return std::string(list_.string(index));
+            case Kind::data:
+                return {{"bytes", list_.data(index).size()}};
+            case Kind::uid:
+                return reference(list_.uid(index), depth);
+            case Kind::array:
+                return array(list_.items(index), depth);
+            case Kind::dictionary:
+                return dictionary(index, depth);
+            default:
+                return nullptr;
         }
     }
 

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "host/station/SiteDocument.h"
-
 namespace zor {
 
 std::optional<std::string> storedPropertyName(const ZORWidgetHostView& widget) {
@@ -24,12 +22,17 @@ std::vector<UnlinkedInstrument> unlinkedInstrumentsOn(const View& canvas, const 
     return unlinked;
 }
 
-std::vector<UnlinkedInstrument> unlinkedInstrumentsOf(const SiteWindowController& controller, const Agent& agent) {
+std::vector<UnlinkedInstrument> unlinkedInstrumentsOf(const SiteDocument& document) {
+    auto plugIns = document.siteWindowController()->plugIns();
+    for (const auto& window : document.windowControllers()) {
+        const auto plugIn = window->contentViewController();
+        if (plugIn && std::ranges::find(plugIns, plugIn) == plugIns.end()) plugIns.push_back(plugIn);
+    }
     std::vector<UnlinkedInstrument> unlinked;
-    for (const auto& plugIn : controller.plugIns()) {
+    for (const auto& plugIn : plugIns) {
         const auto canvas = plugIn->valueForKey("editView").as<View>();
         if (!canvas) continue;
-        for (auto& each : unlinkedInstrumentsOn(*canvas, agent)) {
+        for (auto& each : unlinkedInstrumentsOn(*canvas, *document.agent())) {
             each.dashboard = plugIn;
             unlinked.push_back(std::move(each));
         }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "host/instruments/ZORWidgetHostView.h"
-#include "host/station/SiteWindowController.h"
+#include "host/station/SiteDocument.h"
 
 namespace zor {
 
@@ -24,8 +24,9 @@ struct UnlinkedInstrument {
 std::optional<std::string> storedPropertyName(const ZORWidgetHostView& widget);
 /// Those of a canvas, the lowest first. Children that are no widgets are passed over.
 std::vector<UnlinkedInstrument> unlinkedInstrumentsOn(const View& canvas, const Agent& agent);
-/// Those of every dashboard in the list, in its order. Views that have not been made yet count too.
-std::vector<UnlinkedInstrument> unlinkedInstrumentsOf(const SiteWindowController& controller, const Agent& agent);
+/// Those of every dashboard in the list, in its order, then of those that are only in a separate window. Views that
+/// have not been made yet count too.
+std::vector<UnlinkedInstrument> unlinkedInstrumentsOf(const SiteDocument& document);
 
 /// "Round Gauge" for "roundGauge"; an unknown kind is its own name.
 std::string labelOfKind(const std::string& kind);

@@ -132,7 +132,7 @@ void SiteWindow::refreshStatus() {
                    : tr("no reading yet");
     const QString text = tr("%1: %2").arg(station, when);
     if (stationLabel_->text() != text) stationLabel_->setText(text);
-    unlinkedLabel_->setText(unlinkedNotice(unlinkedInstrumentsOf(controller(), *document().agent()).size()));
+    unlinkedLabel_->setText(unlinkedNotice(unlinkedInstrumentsOf(document()).size()));
     troubleLabel_->setText(QString::fromStdString(session_->trouble()));
 }
 

@@ -103,7 +103,7 @@ void UnlinkedWindow::showFor(SiteWindow& window) {
 }
 
 std::vector<UnlinkedInstrument> UnlinkedWindow::present() const {
-    return unlinkedInstrumentsOf(window_.controller(), *window_.document().agent());
+    return unlinkedInstrumentsOf(window_.document());
 }
 
 void UnlinkedWindow::refresh() {

@@ -11,6 +11,8 @@
 #include <system_error>
 #include <utility>
 
+#include "host/foundation/WritingNotes.h"
+
 namespace zor {
 
 namespace {
@@ -140,6 +142,7 @@ Status writeFileAtomically(const fs::path& path, std::span<const std::uint8_t> d
     // A rename would put a file in the place of a device or a pipe.
     if (exists && !S_ISREG(old.st_mode)) return failed(S_ISDIR(old.st_mode) ? EISDIR : EINVAL);
 
+    const WritingNote note(*target);
     fs::path scrap;
     Descriptor file = createBeside(*target, scrap);
     if (!file) return failed(errno);

@@ -60,9 +60,7 @@ protected:
     static std::shared_ptr<LinkedInstrumentView> linked(const std::shared_ptr<ZORWidgetHostView>& widget) {
         return std::dynamic_pointer_cast<LinkedInstrumentView>(widget->targetView());
     }
-    std::vector<UnlinkedInstrument> found() const {
-        return unlinkedInstrumentsOf(*document->siteWindowController(), *agent);
-    }
+    std::vector<UnlinkedInstrument> found() const { return unlinkedInstrumentsOf(*document); }
 
     std::shared_ptr<Agent> agent = Agent::withName("A");
     std::shared_ptr<SiteDocument> document;
@@ -77,6 +75,16 @@ TEST_F(UnlinkedInstruments, AreThoseWhoseNameTheStationLacksInTheOrderOfTheListA
     EXPECT_THAT(found(),
                 ElementsAre(UnlinkedInstrument{one, gauge, "soilMoisture"}, UnlinkedInstrument{one, plot, "rainRate"},
                             UnlinkedInstrument{two, label, "fooBar"}));
+}
+
+TEST_F(UnlinkedInstruments, OfADashboardThatIsOnlyInASeparateWindowCountLast) {
+    const auto apart = addPanel("Apart"), both = addPanel("Both");
+    const auto label = add(*apart, "textField", "fooBar"), gauge = add(*both, "roundGauge", "soilMoisture");
+    document->showInSeparateWindow(apart);
+    document->showInSeparateWindow(both);
+    document->siteWindowController()->removePlugInAtIndex(0);
+    EXPECT_THAT(found(), ElementsAre(UnlinkedInstrument{both, gauge, "soilMoisture"},
+                                     UnlinkedInstrument{apart, label, "fooBar"}));
 }
 
 TEST_F(UnlinkedInstruments, WithoutANameOrAPropertyNothingIsMissing) {

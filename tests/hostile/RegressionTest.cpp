@@ -10,12 +10,13 @@
 #include "host/foundation/SafeFile.h"
 #include "tests/hostile/Resources.h"
 #include "tests/hostile/SampleDocuments.h"
+#include "tests/support/SourceFolder.h"
 
 namespace zor::test {
 namespace {
 
 TEST(Regression, EveryInputIsReadOrRefused) {
-    for (const auto& entry : std::filesystem::directory_iterator(ZOR_SOURCE_DIR "/tests/hostile/regressions")) {
+    for (const auto& entry : std::filesystem::directory_iterator(sourceFolder() / "tests/hostile/regressions")) {
         const auto data = readFile(entry.path());
         ASSERT_TRUE(data) << data.error().message;
         const TimeLimit limit(entry.path().filename(), 10);

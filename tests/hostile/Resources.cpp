@@ -10,6 +10,8 @@
 #include <cstdlib>
 #include <new>
 
+#include "tests/support/Sanitizers.h"
+
 namespace {
 
 std::atomic<std::size_t> liveBytes = 0;
@@ -17,8 +19,8 @@ std::atomic<std::size_t> livePieces = 0;
 std::atomic<std::size_t> allocatedBytes = 0;
 std::atomic<std::size_t> mostBytes = 0;
 
-void* taken(void* memory) {
-    if (!memory) throw std::bad_alloc();
+void* counted(void* memory) {
+    if (!memory) return nullptr;
     const std::size_t size = ::malloc_usable_size(memory);
     const std::size_t live = liveBytes += size;
     allocatedBytes += size;
@@ -27,6 +29,11 @@ void* taken(void* memory) {
     while (live > most && !mostBytes.compare_exchange_weak(most, live)) {
     }
     return memory;
+}
+
+void* taken(void* memory) {
+    if (!memory) throw std::bad_alloc();
+    return counted(memory);
 }
 
 void given(void* memory) {
@@ -53,11 +60,30 @@ void setTimer(double seconds) {
 
 }  // namespace
 
+// All forms of them: a sanitizer's own would not go together with these.
 void* operator new(std::size_t size) {
     return taken(std::malloc(size == 0 ? 1 : size));
 }
 void* operator new(std::size_t size, std::align_val_t alignment) {
     return taken(::memalign(static_cast<std::size_t>(alignment), size));
+}
+void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
+    return counted(std::malloc(size == 0 ? 1 : size));
+}
+void* operator new(std::size_t size, std::align_val_t alignment, const std::nothrow_t&) noexcept {
+    return counted(::memalign(static_cast<std::size_t>(alignment), size));
+}
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
+void* operator new[](std::size_t size, std::align_val_t alignment) {
+    return operator new(size, alignment);
+}
+void* operator new[](std::size_t size, const std::nothrow_t& nothrow) noexcept {
+    return operator new(size, nothrow);
+}
+void* operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t& nothrow) noexcept {
+    return operator new(size, alignment, nothrow);
 }
 void operator delete(void* memory) noexcept {
     given(memory);
@@ -69,6 +95,30 @@ void operator delete(void* memory, std::align_val_t) noexcept {
     given(memory);
 }
 void operator delete(void* memory, std::size_t, std::align_val_t) noexcept {
+    given(memory);
+}
+void operator delete(void* memory, const std::nothrow_t&) noexcept {
+    given(memory);
+}
+void operator delete(void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
+    given(memory);
+}
+void operator delete[](void* memory) noexcept {
+    given(memory);
+}
+void operator delete[](void* memory, std::size_t) noexcept {
+    given(memory);
+}
+void operator delete[](void* memory, std::align_val_t) noexcept {
+    given(memory);
+}
+void operator delete[](void* memory, std::size_t, std::align_val_t) noexcept {
+    given(memory);
+}
+void operator delete[](void* memory, const std::nothrow_t&) noexcept {
+    given(memory);
+}
+void operator delete[](void* memory, std::align_val_t, const std::nothrow_t&) noexcept {
     given(memory);
 }
 
@@ -93,7 +143,7 @@ std::size_t MemoryMeter::allocated() const {
 TimeLimit::TimeLimit(std::string work, double seconds) {
     std::snprintf(workInHand, sizeof workInHand, "%s\n", work.c_str());
     std::signal(SIGPROF, outOfTime);
-    setTimer(seconds);
+    setTimer(isSanitized ? 10 * seconds : seconds);
 }
 
 TimeLimit::~TimeLimit() {

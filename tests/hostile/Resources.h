@@ -27,8 +27,8 @@ private:
     std::size_t allocatedAtStart_;
 };
 
-/// Ends the program with an error that names the work, where that takes more processor time than the seconds given:
-/// work that may never end would otherwise only stop the tests.
+/// Ends the program with an error that names the work, where that takes more processor time than the seconds given, or
+/// ten times as long under a sanitizer: work that may never end would otherwise only stop the tests.
 class TimeLimit {
 public:
     TimeLimit(std::string work, double seconds);

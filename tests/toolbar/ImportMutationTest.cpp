@@ -10,13 +10,8 @@
 
 #include "host/foundation/Log.h"
 #include "host/foundation/SafeFile.h"
+#include "tests/support/Sanitizers.h"
 #include "tests/toolbar/ToolbarSupport.h"
-
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-#define ZOR_SANITIZED 1
-#else
-#define ZOR_SANITIZED 0
-#endif
 
 namespace zor {
 namespace {
@@ -51,7 +46,7 @@ public:
         statm >> pages;
         getrlimit(RLIMIT_AS, &before_);
         // Sanitizers reserve address space without measure.
-        if (ZOR_SANITIZED || pages == 0) return;
+        if (test::isSanitized || pages == 0) return;
         const rlimit limit{pages * static_cast<rlim_t>(sysconf(_SC_PAGESIZE)) + mostMemory, before_.rlim_max};
         setrlimit(RLIMIT_AS, &limit);
     }
@@ -148,8 +143,7 @@ protected:
             const double seconds = secondsWorked() - start;
             slowest = std::max(slowest, seconds);
             ++cases;
-            // Sanitized and unoptimised programs are slower than what is promised.
-            if (!ZOR_SANITIZED) {
+            if (!test::isSanitized) {
                 EXPECT_LE(seconds, mostSeconds) << what;
             }
         };

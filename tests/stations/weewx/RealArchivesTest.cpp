@@ -9,6 +9,7 @@
 #include "stations/weewx/WeewxHistory.h"
 #include "stations/weewx/WeewxStation.h"
 #include "tests/stations/TimeZone.h"
+#include "tests/support/SourceFolder.h"
 
 namespace zor {
 namespace {
@@ -40,7 +41,7 @@ protected:
                                [](double sum, const Sample& sample) { return sum + sample.value; });
     }
 
-    const std::filesystem::path folder_ = std::filesystem::path(ZOR_SOURCE_DIR) / "../shared/data/weewx";
+    const std::filesystem::path folder_ = test::sourceFolder() / "../shared/data/weewx";
     static constexpr const char* kUS = "real-us-2015.sdb";
     static constexpr const char* kMetricWX = "simulator-metricwx-45d.sdb";
 };
