@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include "qt/PlainText.h"
 #include "qt/QtConversions.h"
 #include "qt/QtWindowPeer.h"
 
@@ -107,6 +108,7 @@ public:
         box->setIcon(QMessageBox::Warning);
         box->setText(toQt(messageText));
         box->setInformativeText(toQt(informativeText));
+        showTextsPlainly(*box);
         const std::vector<std::string> titles = buttons.empty() ? std::vector<std::string>{"OK"} : buttons;
         QList<QAbstractButton*> made;
         for (const std::string& title : titles) made.append(box->addButton(toQt(title), QMessageBox::AcceptRole));

@@ -13,6 +13,7 @@
 #include "app/window/StationDialog.h"
 #include "app/window/WebAccess.h"
 #include "app/window/WebAccessDialog.h"
+#include "qt/PlainText.h"
 
 namespace zor {
 
@@ -26,6 +27,7 @@ const QString demoSite = QStringLiteral("demo");
 void tell(QWidget* parent, const QString& what, const std::string& why) {
     QMessageBox box(QMessageBox::Warning, QCoreApplication::applicationName(), what, QMessageBox::Ok, parent);
     box.setInformativeText(QString::fromStdString(why));
+    showTextsPlainly(box);
     box.exec();
 }
 

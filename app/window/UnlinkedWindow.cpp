@@ -11,6 +11,7 @@
 #include "app/inspect/PropertyMatches.h"
 #include "app/window/SiteWindow.h"
 #include "host/station/ValueFormats.h"
+#include "qt/PlainText.h"
 #include "qt/QtConversions.h"
 
 namespace zor {
@@ -65,6 +66,7 @@ UnlinkedWindow::UnlinkedWindow(SiteWindow& window)
     : QDialog(&window), window_(window), notice_(new QLabel(this)), list_(new QTreeWidget(this)) {
     setWindowTitle(tr("Unlinked Instruments"));
     notice_->setWordWrap(true);
+    notice_->setTextFormat(Qt::PlainText);
     list_->setHeaderLabels(
         {tr("Dashboard"), tr("Instrument"), tr("Stored Property"), tr("This Station's Property"), {}});
     list_->setRootIsDecorated(false);
@@ -130,7 +132,7 @@ void UnlinkedWindow::addRow(const UnlinkedInstrument& unlinked) {
     rows_.push_back({widget, unlinked.propertyName, dashboard});
     auto* item =
         new QTreeWidgetItem(list_, {toQt(dashboard), instrumentText(*unlinked.widget), toQt(unlinked.propertyName)});
-    for (int column = 0; column < chooserColumn; ++column) item->setToolTip(column, item->text(column));
+    for (int column = 0; column < chooserColumn; ++column) item->setToolTip(column, plainToolTip(item->text(column)));
 
     auto* chooser = makeChooser(*window_.document().agent(), unlinked.propertyName);
     if (const auto chosen = choices_.find(widget); chosen != choices_.end()) {

@@ -41,6 +41,7 @@ WebAccessDialog::WebAccessDialog(WebAccess& access, std::function<void()> showHe
     trouble_ = new QLabel(this);
     trouble_->setObjectName("trouble");
     trouble_->setWordWrap(true);
+    trouble_->setTextFormat(Qt::PlainText);
     trouble_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     addresses_ = new QWidget(this);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close | QDialogButtonBox::Help, this);

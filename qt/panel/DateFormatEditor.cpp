@@ -32,6 +32,7 @@ public:
         box_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         for (const char* format : usualFormats) box_->addItem(format);
         example_->setObjectName("example");
+        example_->setTextFormat(Qt::PlainText);
         example_->setMinimumWidth(1);
         example_->setWordWrap(true);
         auto* layout = new QVBoxLayout(this);

@@ -10,6 +10,7 @@
 #include <algorithm>
 
 #include "host/station/ValueFormats.h"
+#include "qt/PlainText.h"
 #include "qt/QtConversions.h"
 
 namespace zor {
@@ -68,7 +69,7 @@ PropertyChooser::PropertyChooser(QWidget* parent, std::shared_ptr<Agent> agent, 
 void PropertyChooser::addEntry(const Choice& name, const QString& title) {
     auto* item = new QTreeWidgetItem(list_, {title});
     item->setData(0, nameRole, toQt(name.value_or(std::string())));
-    item->setToolTip(0, toQt(name.value_or(std::string())));
+    item->setToolTip(0, plainToolTip(toQt(name.value_or(std::string()))));
     item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
     item->setForeground(1, palette().color(QPalette::Disabled, QPalette::Text));
 }

@@ -6,6 +6,7 @@
 #include <QStylePainter>
 
 #include "host/station/ValueFormats.h"
+#include "qt/PlainText.h"
 #include "qt/QtConversions.h"
 #include "qt/panel/Editors.h"
 #include "qt/panel/PropertyChooser.h"
@@ -87,7 +88,8 @@ public:
         } else {
             button_->setTexts(toQt(*name), toQt(missingValueText));
         }
-        button_->setToolTip(property ? toQt(*name) : tr("This station has no “%1”.").arg(toQt(*name)));
+        button_->setToolTip(
+            plainToolTip(property ? toQt(*name) : tr("This station has no “%1”.").arg(toQt(*name))));
     }
 
 private:

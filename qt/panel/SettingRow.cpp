@@ -30,6 +30,7 @@ SettingRow::SettingRow(const Setting& setting, const PanelContext& context, Arra
     if (field->accessibleName().isEmpty()) field->setAccessibleName(toQt(setting.label));
     reason_->setObjectName("reason");
     reason_->setWordWrap(true);
+    reason_->setTextFormat(Qt::PlainText);
     reason_->hide();
 
     auto* column = new QVBoxLayout;

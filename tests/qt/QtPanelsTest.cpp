@@ -5,9 +5,12 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFileDialog>
+#include <QLabel>
 #include <QMessageBox>
+#include <QTextDocument>
 #include <fstream>
 
+#include "qt/PlainText.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace zor {
@@ -121,6 +124,33 @@ TEST(QtPanels, AnAlertTellsWhichButton) {
         EXPECT_EQ(code, alertFirstButtonReturn + pressed);
         letDialogsGo();
     }
+}
+
+TEST(QtPanels, AnAlertShowsMarkupAsText) {
+    const auto alert = makeQtAlert();
+    alert->messageText = "<b>Warning</b>";
+    alert->informativeText = "For the <img src=\"/etc/hostname\">.\n\nSome widgets.";
+    alert->beginSheetModalForWindow(nullptr, [](int) {});
+    auto* box = shownDialog<QMessageBox>();
+    ASSERT_NE(box, nullptr);
+    int found = 0;
+    for (const auto* label : box->findChildren<QLabel*>()) {
+        if (label->text().isEmpty()) continue;
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+        found += label->text() == "<b>Warning</b>";
+        found += label->text() == "For the <img src=\"/etc/hostname\">.\n\nSome widgets.";
+    }
+    EXPECT_EQ(found, 2);
+    box->reject();
+    letDialogsGo();
+}
+
+TEST(QtPanels, AToolTipShowsMarkupAsText) {
+    EXPECT_EQ(plainToolTip("wind < 3 & rain"), "wind < 3 & rain");
+    const QString tip = plainToolTip("Roof <img src='/etc/hostname'>");
+    EXPECT_TRUE(Qt::mightBeRichText(tip));
+    EXPECT_FALSE(tip.contains("<img"));
+    EXPECT_TRUE(tip.contains("&lt;img src='/etc/hostname'&gt;")) << tip.toStdString();
 }
 
 TEST(QtPanels, AnAlertWithoutButtonsHasOne) {
