@@ -24,6 +24,8 @@ constexpr std::array namedKeys{
     NamedKey{Qt::Key_Right, 0xF703, rightArrowKeyCode},
     NamedKey{Qt::Key_Down, 0xF701, downArrowKeyCode},
     NamedKey{Qt::Key_Up, 0xF700, upArrowKeyCode},
+    NamedKey{Qt::Key_Tab, 0x09},
+    NamedKey{Qt::Key_Backtab, 0x19},
     NamedKey{Qt::Key_Backspace, 0x7F},
     NamedKey{Qt::Key_Delete, 0xF728},
     NamedKey{Qt::Key_Home, 0xF729},

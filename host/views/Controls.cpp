@@ -3,6 +3,7 @@
 #include "host/foundation/ClassBuilder.h"
 #include "host/views/ControlColors.h"
 #include "host/views/TextLines.h"
+#include "host/views/Window.h"
 
 namespace zor {
 
@@ -12,6 +13,8 @@ constexpr double textInset = 4;
 constexpr double buttonRadius = 6;
 constexpr double buttonFontSize = 13;
 constexpr double pressedShade = 0.18;
+/// Around the title of the button that has the keyboard.
+constexpr double focusInset = 3.5;
 
 }  // namespace
 
@@ -101,6 +104,11 @@ void Button::setPressed(const EventPtr& event) {
     if (std::exchange(pressed_, inside) != inside) setNeedsDisplay(true);
 }
 
+void Button::keyDown(const EventPtr& event) {
+    if (event->characters() != u" ") return View::keyDown(event);
+    click();
+}
+
 void Button::mouseDown(const EventPtr& event) {
     setPressed(event);
 }
@@ -125,6 +133,9 @@ void Button::drawRect(DrawingContext& context, const Rect&) {
     context.strokePath(outline, {.color = isDefault ? face.mixedWith(Color::black(), pressedShade) : colors.edge});
     context.drawText(title_, bounds(), Font{.size = buttonFontSize, .bold = isDefault},
                      isDefault ? colors.onAccent : colors.text, TextAlignment::center, VerticalAlignment::center);
+    if (!window() || window()->firstResponder() != this) return;
+    context.strokePath(Path::roundedRect(insetRect(bounds(), focusInset, focusInset), buttonRadius - focusInset / 2),
+                       {.color = isDefault ? colors.onAccent : colors.accent, .width = 1.5});
 }
 
 }  // namespace zor

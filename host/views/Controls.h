@@ -58,7 +58,8 @@ private:
     bool wraps_ = false;
 };
 
-/// A push button. It acts when the press is released inside it, or by its key.
+/// A push button. It acts when the press is released inside it, by its key, or by the space bar while it has the
+/// keyboard.
 class Button : public View {
 public:
     static const ClassRecord& staticClass();
@@ -73,6 +74,8 @@ public:
     void setKeyEquivalent(std::u16string characters);
     void click() { action_.perform(shared_from_this()); }
 
+    bool acceptsFirstResponder() const override { return true; }
+    void keyDown(const EventPtr& event) override;
     void mouseDown(const EventPtr& event) override;
     void mouseDragged(const EventPtr& event) override;
     void mouseUp(const EventPtr& event) override;
@@ -119,6 +122,7 @@ public:
     bool acceptsFirstResponder() const override { return true; }
     /// Takes the keyboard of a window in which nobody has it.
     void viewDidMoveToWindow() override;
+    /// Takes the keyboard.
     void mouseDown(const EventPtr& event) override;
     /// The arrows move the selection; other keys are passed on.
     void keyDown(const EventPtr& event) override;

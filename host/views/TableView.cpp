@@ -69,7 +69,8 @@ void TableView::viewDidMoveToWindow() {
 }
 
 void TableView::mouseDown(const EventPtr& event) {
-    const auto alive = shared_from_this();
+    const auto alive = sharedAs<TableView>();
+    if (Window* const shownIn = window()) shownIn->makeFirstResponder(alive);
     const Point place = convertPointFromView(event->locationInWindow(), nullptr);
     for (std::int64_t row = 0; hasRow(row); ++row) {
         if (!pointInRect(place, rectOfRow(row))) continue;

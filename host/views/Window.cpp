@@ -1,5 +1,8 @@
 #include "host/views/Window.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include "host/foundation/ClassBuilder.h"
 #include "host/views/Controls.h"
 #include "host/views/Toolkit.h"
@@ -16,6 +19,36 @@ std::shared_ptr<Button> buttonForKey(const View& view, const std::u16string& cha
         if (auto found = buttonForKey(*child, characters)) return found;
     }
     return {};
+}
+
+constexpr std::u16string_view tabKey = u"\t";
+constexpr std::u16string_view backTabKey = u"\x19";
+
+/// The buttons and lists that are shown, in the order of the tree.
+void collectControls(const View& view, std::vector<std::shared_ptr<View>>& controls) {
+    for (const auto& child : view.subviews()) {
+        if (child->isHidden()) continue;
+        const bool isControl = dynamic_cast<Button*>(child.get()) || dynamic_cast<TableView*>(child.get());
+        if (isControl) controls.push_back(child);
+        collectControls(*child, controls);
+    }
+}
+
+/// To the control `step` places after the one that has the keyboard; the first or the last where none has it.
+void moveKeyboard(Window& window, int step) {
+    std::vector<std::shared_ptr<View>> controls;
+    collectControls(*window.contentView(), controls);
+    if (controls.empty()) return;
+    const auto found =
+        std::ranges::find(controls, window.firstResponder(), [](const auto& each) -> Responder* { return each.get(); });
+    const auto count = static_cast<std::ptrdiff_t>(controls.size());
+    const auto start = found != controls.end() ? found - controls.begin() : step > 0 ? -1 : count;
+    window.makeFirstResponder(controls[static_cast<std::size_t>((start + step + count) % count)]);
+}
+
+/// A button shows whether it has the keyboard.
+void redrawButton(Responder* responder) {
+    if (auto* button = dynamic_cast<Button*>(responder)) button->setNeedsDisplay(true);
 }
 
 }  // namespace
@@ -105,7 +138,10 @@ Responder* Window::firstResponder() const {
 
 bool Window::makeFirstResponder(const std::shared_ptr<Responder>& responder) {
     if (responder && responder.get() != this && !responder->acceptsFirstResponder()) return false;
+    const auto before = firstResponder_.lock();
     firstResponder_ = responder;
+    redrawButton(before.get());
+    redrawButton(responder.get());
     return true;
 }
 
@@ -148,6 +184,8 @@ void Window::sendEvent(const EventPtr& event) {
 
 void Window::keyDown(const EventPtr& event) {
     if (!contentView_ || event->characters().empty()) return;
+    if (event->characters() == tabKey) return moveKeyboard(*this, 1);
+    if (event->characters() == backTabKey) return moveKeyboard(*this, -1);
     if (const auto button = buttonForKey(*contentView_, event->characters())) button->click();
 }
 

@@ -81,7 +81,7 @@ public:
     void viewLeaves(const View& view);
 
     void mouseDown(const EventPtr&) override {}
-    /// What nobody has taken clicks the button of its content that has the key.
+    /// What nobody has taken: Tab takes the keyboard to the next control, other keys click the button that has them.
     void keyDown(const EventPtr& event) override;
 
 private:

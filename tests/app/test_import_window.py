@@ -86,6 +86,23 @@ class SelectionWindow(WithSelectionWindow):
         self.assertEqual(self.titles_in(self.site), self.before + ["Current Weather"])
 
 
+    def test_tab_reaches_every_button(self):
+        window = self.open_selection()
+        first = self.picture("first", window)
+        # Past Import and Cancel.
+        self.key("Tab", "Tab", "Tab", "space")
+        wait_for(lambda: self.differ(first, self.picture("large", window)) > 50000, "the second page")
+        # To Back; the list has the keyboard again after it.
+        self.key("Tab", "space")
+        wait_for(lambda: self.differ(first, self.picture("first again", window)) < 20000, "the first page")
+        self.key("Down", "Tab", "space")
+        self.wait_until_gone("New Dashboard")
+        self.xdotool("windowactivate", "--sync", self.window_titled("^Open$"))
+        self.key("Escape")
+        self.wait_until_gone("^Open$")
+        self.assertNotIn("*", self.title())
+
+
 class Unlinked(WithSelectionWindow):
     def export_of_the_roof(self):
         lines = [{"do": "new", "agent": ROOF, "widgets": WIDGETS, "size": [330, 300]},

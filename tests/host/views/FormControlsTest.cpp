@@ -47,8 +47,8 @@ protected:
         cancel->setAction({listener, "cancel:"});
         cancel->setKeyEquivalent(std::u16string(Button::escapeKey));
         window->setContentView(content);
-        for (const std::shared_ptr<View>& each : {std::shared_ptr<View>(list), std::shared_ptr<View>(done),
-                                                  std::shared_ptr<View>(cancel)}) {
+        for (const std::shared_ptr<View>& each :
+             {std::shared_ptr<View>(list), std::shared_ptr<View>(done), std::shared_ptr<View>(cancel)}) {
             content->addSubview(each);
         }
     }
@@ -105,6 +105,56 @@ TEST_F(FormControls, ArrowsMoveTheSelectionAndStopAtTheEnds) {
     EXPECT_EQ(list->selectedRow(), 2);
     key(u"\uF700", upArrowKeyCode);
     EXPECT_EQ(list->selectedRow(), 1);
+}
+
+TEST_F(FormControls, TabGoesThroughTheControlsAndRound) {
+    for (const View* expected : std::initializer_list<const View*>{done.get(), cancel.get(), list.get(), done.get()}) {
+        key(u"\t");
+        EXPECT_EQ(window->firstResponder(), expected);
+    }
+    key(u"\x19");
+    EXPECT_EQ(window->firstResponder(), list.get());
+    key(u"\x19");
+    EXPECT_EQ(window->firstResponder(), cancel.get());
+}
+
+TEST_F(FormControls, TabPassesWhatIsHiddenAndBeginsWhereNobodyHasTheKeyboard) {
+    done->setHidden(true);
+    window->makeFirstResponder({});
+    key(u"\t");
+    EXPECT_EQ(window->firstResponder(), list.get());
+    window->makeFirstResponder({});
+    key(u"\x19");
+    EXPECT_EQ(window->firstResponder(), cancel.get());
+    key(u"\x19");
+    EXPECT_EQ(window->firstResponder(), list.get());
+}
+
+TEST_F(FormControls, SpaceClicksTheButtonThatHasTheKeyboardAndReturnTheDefaultOne) {
+    key(u"\x19");
+    ASSERT_EQ(window->firstResponder(), cancel.get());
+    key(u" ");
+    EXPECT_THAT(listener->told, ElementsAre("cancel"));
+    key(u"\r");
+    EXPECT_THAT(listener->told, ElementsAre("cancel", "done from Button"));
+}
+
+TEST_F(FormControls, AButtonShowsThatItHasTheKeyboard) {
+    const auto strokes = [&] {
+        RecordingContext context;
+        cancel->drawRect(context, cancel->bounds());
+        return context.operationsNamed("strokePath").size();
+    };
+    EXPECT_EQ(strokes(), 1u);
+    key(u"\x19");
+    EXPECT_EQ(strokes(), 2u);
+}
+
+TEST_F(FormControls, APressOnAListTakesTheKeyboardBack) {
+    key(u"\t");
+    const Rect row = list->rectOfRow(1);
+    mouse(EventType::mouseDown, {list->frame().x + row.center().x, list->frame().y + row.center().y});
+    EXPECT_EQ(window->firstResponder(), list.get());
 }
 
 TEST_F(FormControls, APressSelectsItsRowAndTheSecondClickActs) {
