@@ -223,10 +223,10 @@ class OfEarlierPrograms(Import):
 
 
 class Foretold(Import):
-    """What `inspect --import` says, and that it comes true."""
+    """What `inspect` says of an import, and that it comes true."""
 
     def foretell(self, file, *words):
-        run = subprocess.run([STATION, "inspect", self.path(file), "--import", *words], capture_output=True, text=True,
+        run = subprocess.run([STATION, "inspect", self.path(file), *words], capture_output=True, text=True,
                              cwd=self.folder.name, check=True)
         return json.loads(run.stdout)["import"]
 
@@ -235,14 +235,14 @@ class Foretold(Import):
         self.assertNotEqual(run.returncode, 0)
         self.assertIn(named, run.stderr)
 
-    def test_stands_beside_what_inspect_shows_without_it(self):
+    def test_stands_beside_what_is_in_the_file(self):
         self.export()
         plain, more = (json.loads(subprocess.run([STATION, "inspect", self.path("out.zordashboard"), *words],
                                                  capture_output=True, text=True, check=True).stdout)
                        for words in ((), ("--import",)))
-        self.assertEqual(list(plain), ["root"])
-        self.assertEqual(list(more), ["root", "import"])
-        self.assertEqual(plain["root"], more["root"])
+        self.assertEqual(list(plain), ["root", "import"])
+        self.assertEqual(plain["root"]["agentName"], "Garden")
+        self.assertEqual(plain, more)
 
     def test_a_whole_file_for_the_demo_station(self):
         self.export()
@@ -295,21 +295,22 @@ class Foretold(Import):
     def test_an_old_prefix_that_leads_nowhere_spoils_the_file(self):
         self.export()
         self.rename("old.qm4dashboard", "ZORRoundGaugeView=QM4DirectionGaugeView")
-        told = self.foretell("old.qm4dashboard")
+        told = self.foretell("old.qm4dashboard", "--import")
         self.assertEqual((told["readable"], told["canvas"], told["title"], told["warns"], told["unknownClasses"]),
                          (False, None, None, True, ["QM4DirectionGaugeView"]))
         self.assertIn("QM4DirectionGaugeView", told["fault"])
 
     def test_a_site_document_is_no_dashboard(self):
         subprocess.run([STATION, "new", "--name", "Garden", "-o", self.path("garden.site")], check=True)
-        told = self.foretell("garden.site")
+        told = self.foretell("garden.site", "--import")
         self.assertEqual((told["canvas"], told["title"], told["warns"], told["unlinked"]), (None, None, True, []))
 
     def test_what_is_wrong_is_named(self):
         self.export()
         self.refuse_to_foretell("missing.zordashboard", "missing.zordashboard", "--import")
         self.refuse_to_foretell("missing.site", "out.zordashboard", "--import", "--site", "missing.site")
-        self.refuse_to_foretell("--site", "out.zordashboard", "--site", "demo")
+        subprocess.run([STATION, "new", "--name", "Garden", "-o", self.path("garden.site")], check=True)
+        self.refuse_to_foretell("--site", "garden.site", "--site", "demo")
         self.refuse_to_foretell("FILE", "--import")
 
 
