@@ -120,7 +120,7 @@ Json DriveSession::selectionWindowState() const {
             {"page", page2 && page2->superview() ? 2 : 1},
             {"row", list ? list->selectedRow() : 0},
             {"description", description ? description->stringValue() : std::string()},
-            {"dashboardTitle", outlet("dashboardTitle").asString()}};
+            {"dashboardTitle", jsonFrom(outlet("dashboardTitle"))}};
 }
 
 }  // namespace zor
