@@ -6,8 +6,9 @@
 #include <QMenuBar>
 
 #include "app/window/EditorState.h"
-#include "app/window/SiteWindow.h"
+#include "host/station/ZORPlugIn.h"
 #include "host/station/ZORPropertyPanelController.h"
+#include "host/views/Window.h"
 #include "qt/QtWindowPeer.h"
 #include "qt/ViewTreeWidget.h"
 
@@ -15,15 +16,23 @@ namespace zor {
 
 namespace {
 
-bool isEdited(const EditorState& state) { return state.isEdited; }
-bool hasSelection(const EditorState& state) { return !state.selection.empty(); }
-bool hasEditedSelection(const EditorState& state) { return state.isEdited && !state.selection.empty(); }
-bool hasSeveral(const EditorState& state) { return state.isEdited && state.selection.size() > 1; }
+bool isEdited(const EditorState& state) {
+    return state.isEdited;
+}
+bool hasSelection(const EditorState& state) {
+    return !state.selection.empty();
+}
+bool hasEditedSelection(const EditorState& state) {
+    return state.isEdited && !state.selection.empty();
+}
+bool hasSeveral(const EditorState& state) {
+    return state.isEdited && state.selection.size() > 1;
+}
 
 }  // namespace
 
-DashboardMenus::DashboardMenus(SiteWindow& window, QWidget& canvas)
-    : QObject(&window), window_(window), canvas_(canvas) {
+DashboardMenus::DashboardMenus(QWidget& window, QWidget& canvas, std::weak_ptr<Window> responders, Shown shown)
+    : QObject(&window), canvas_(canvas), responders_(std::move(responders)), shown_(std::move(shown)) {
     window.installEventFilter(this);
 }
 
@@ -32,6 +41,25 @@ void DashboardMenus::addTo(QMenuBar& bar) {
     fillInsertMenu(addMenu(bar, tr("&Insert")));
     fillArrangeMenu(addMenu(bar, tr("&Arrange")));
     refresh();
+}
+
+void DashboardMenus::addKeys() {
+    auto* commands = new QMenu(&canvas_);
+    fillEditMenu(*commands);
+    canvas_.addActions(commands->actions());
+}
+
+void DashboardMenus::send(const char* action) const {
+    const auto window = responders_.lock();
+    const auto dashboard = shown_();
+    if (!window) return;
+    auto* responder = window->firstResponder();
+    if (responder == window.get() && dashboard) responder = dashboard.get();
+    responder->tryToPerform(action, {});
+}
+
+void DashboardMenus::toggleEditMode() const {
+    send(EditorState::of(shown_()).isEdited ? "exitEditMode:" : "editDashboard:");
 }
 
 QMenu& DashboardMenus::addMenu(QMenuBar& bar, const QString& title) {
@@ -46,7 +74,7 @@ QAction* DashboardMenus::add(QMenu& menu, const QString& text, const QString& ti
     QAction* action = menu.addAction(text);
     action->setToolTip(tip);
     connect(action, &QAction::triggered, this, [this, name] {
-        window_.sendAction(name);
+        send(name);
         // Keys mean what was selected or added from now on; in the list, Delete removes dashboards.
         canvas_.setFocus(Qt::OtherFocusReason);
     });
@@ -62,8 +90,7 @@ void DashboardMenus::fillEditMenu(QMenu& menu) {
         return state.isEdited && state.canRedo;
     })->setShortcut(QKeySequence::Redo);
     menu.addSeparator();
-    add(menu, tr("&Copy"), tr("Copies the selected widgets"), "copy:", hasSelection)
-        ->setShortcut(QKeySequence::Copy);
+    add(menu, tr("&Copy"), tr("Copies the selected widgets"), "copy:", hasSelection)->setShortcut(QKeySequence::Copy);
     add(menu, tr("&Paste"), tr("Adds the widgets that were copied"), "paste:", [](const EditorState& state) {
         return state.canPaste;
     })->setShortcut(QKeySequence::Paste);
@@ -71,8 +98,8 @@ void DashboardMenus::fillEditMenu(QMenu& menu) {
         return state.isEdited && state.selection.size() < state.widgets.size();
     })->setShortcut(QKeySequence::SelectAll);
     menu.addSeparator();
-    add(menu, tr("&Duplicate"), tr("Copies the selected widgets beside themselves"), "duplicateObject:",
-        hasEditedSelection)
+    add(menu, tr("&Duplicate"), tr("Copies the selected widgets beside themselves"),
+        "duplicateObject:", hasEditedSelection)
         ->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_D));
     QAction* remove = add(menu, tr("De&lete"), tr("Removes the selected widgets"), "deleteObject:", hasEditedSelection);
     remove->setShortcut(QKeySequence(Qt::Key_Delete));
@@ -84,13 +111,14 @@ void DashboardMenus::fillEditMenu(QMenu& menu) {
     properties->setToolTip(tr("Opens the panel for the selected widget and goes to it"));
     properties->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_I));
     connect(properties, &QAction::triggered, this, [this] { showProperties(); });
-    commands_.push_back({properties, [](const EditorState& state) { return state.isEdited && state.isAnythingSelected; }});
+    commands_.push_back(
+        {properties, [](const EditorState& state) { return state.isEdited && state.isAnythingSelected; }});
 }
 
 void DashboardMenus::fillInsertMenu(QMenu& menu) {
     add(menu, tr("&Text Label"), tr("A text of your own, or a live value"), "addTextLabel:", isEdited);
-    add(menu, tr("&Date and Time"), tr("The date and the time, in a format of your choice"), "addDateTimeLabel:",
-        isEdited);
+    add(menu, tr("&Date and Time"), tr("The date and the time, in a format of your choice"),
+        "addDateTimeLabel:", isEdited);
     add(menu, tr("&Box"), tr("A colored area or a frame around other widgets"), "addBox:", isEdited);
     add(menu, tr("&Image"), tr("A picture from a file"), "addImage:", isEdited);
     menu.addSeparator();
@@ -106,12 +134,12 @@ void DashboardMenus::fillInsertMenu(QMenu& menu) {
 
 void DashboardMenus::fillArrangeMenu(QMenu& menu) {
     add(menu, tr("Align &Top Edges"), tr("Moves the selected widgets to one top edge"), "alignTopEdges:", hasSeveral);
-    add(menu, tr("Align &Left Edges"), tr("Moves the selected widgets to one left edge"), "alignLeftEdges:",
-        hasSeveral);
-    add(menu, tr("Align &Bottom Edges"), tr("Moves the selected widgets to one bottom edge"), "alignBottomEdges:",
-        hasSeveral);
-    add(menu, tr("Align &Right Edges"), tr("Moves the selected widgets to one right edge"), "alignRightEdges:",
-        hasSeveral);
+    add(menu, tr("Align &Left Edges"), tr("Moves the selected widgets to one left edge"),
+        "alignLeftEdges:", hasSeveral);
+    add(menu, tr("Align &Bottom Edges"), tr("Moves the selected widgets to one bottom edge"),
+        "alignBottomEdges:", hasSeveral);
+    add(menu, tr("Align &Right Edges"), tr("Moves the selected widgets to one right edge"),
+        "alignRightEdges:", hasSeveral);
     menu.addSeparator();
     add(menu, tr("Bring to &Front"), tr("Puts the selected widgets above all others"), "bringToFront:",
         [](const EditorState& state) { return hasEditedSelection(state) && !state.isSelectionInFront(); });
@@ -120,9 +148,8 @@ void DashboardMenus::fillArrangeMenu(QMenu& menu) {
 }
 
 void DashboardMenus::showProperties() {
-    window_.sendAction("showPropertyPanel");
-    const auto dashboard = window_.selectedDashboard();
-    const auto panel = ask(dashboard, [](const ZORPlugIn& shown) {
+    send("showPropertyPanel");
+    const auto panel = ask(shown_(), [](const ZORPlugIn& shown) {
         return shown.valueForKey("propertyPanelController").as<ZORPropertyPanelController>();
     });
     QWidget* shown = panel ? QtWindowPeer::widgetOf(panel->window().get()) : nullptr;
@@ -130,7 +157,7 @@ void DashboardMenus::showProperties() {
 }
 
 void DashboardMenus::refresh() {
-    const auto state = EditorState::of(window_.selectedDashboard());
+    const auto state = EditorState::of(shown_());
     for (const auto& command : commands_) command.action->setEnabled(command.isUseful(state));
 }
 

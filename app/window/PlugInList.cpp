@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "host/station/SiteDocument.h"
+#include "qt/PlainText.h"
 
 namespace zor {
 
@@ -23,9 +23,11 @@ PlugInList::PlugInList(SiteWindowController& controller, QWidget* parent)
     setAccessibleName(tr("Dashboards"));
     setFrameShape(QFrame::NoFrame);
     setIconSize({20, 20});
-    setStyleSheet("QListWidget { padding: 6px; } QListWidget::item { padding: 6px 8px; border-radius: 6px; }"
-                  "QListWidget::item:selected { background: palette(highlight);"
-                  " color: palette(highlighted-text); }");
+    setStyleSheet(
+        "QListWidget { padding: 6px; background: palette(base); color: palette(text); }"
+        " QListWidget::item { padding: 6px 8px; border-radius: 6px; }"
+        "QListWidget::item:selected { background: palette(highlight);"
+        " color: palette(highlighted-text); }");
     setContextMenuPolicy(Qt::CustomContextMenu);
     setEditTriggers(QAbstractItemView::EditKeyPressed);
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) {
@@ -88,10 +90,8 @@ void PlugInList::showMenu(const QPoint& position) {
             }
         }
     }
-    connect(menu.addAction(tr("Open in Own Window")), &QAction::triggered, this, [plugIn] {
-        const auto document = ask(plugIn->siteWindowController(), [](const auto& owner) { return owner.document(); });
-        if (document) document->showInSeparateWindow(plugIn);
-    });
+    connect(menu.addAction(tr("Open in Separate Window")), &QAction::triggered, this,
+            [this, plugIn] { separateWindowObserver_(plugIn); });
     if (plugIn->isRenamable()) {
         auto* action = menu.addAction(tr("Rename"));
         action->setShortcut(QKeySequence(Qt::Key_F2));
@@ -108,9 +108,10 @@ void PlugInList::showMenu(const QPoint& position) {
 void PlugInList::removeAsked(int row) {
     const auto plugIn = plugInAt(row);
     if (!plugIn || !plugIn->isDeletable()) return;
-    QMessageBox box(QMessageBox::Question, tr("Remove"),
-                    tr("Remove “%1” from this site?").arg(item(row)->text()), QMessageBox::Cancel, window());
+    QMessageBox box(QMessageBox::Question, tr("Remove"), tr("Remove “%1” from this site?").arg(item(row)->text()),
+                    QMessageBox::Cancel, window());
     box.setInformativeText(tr("This cannot be undone."));
+    showTextsPlainly(box);
     auto* remove = box.addButton(tr("Remove"), QMessageBox::DestructiveRole);
     box.setDefaultButton(remove);
     box.exec();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QListWidget>
+#include <functional>
 
 #include "host/station/SiteWindowController.h"
 
@@ -12,6 +13,10 @@ QIcon iconFrom(const std::shared_ptr<Image>& image);
 class PlugInList final : public QListWidget {
 public:
     PlugInList(SiteWindowController& controller, QWidget* parent);
+    /// Called when a person wants a plug-in in a window of its own.
+    void setSeparateWindowObserver(std::function<void(const std::shared_ptr<ZORPlugIn>&)> observer) {
+        separateWindowObserver_ = std::move(observer);
+    }
     /// Shows the controller's list anew.
     void refresh();
 
@@ -22,6 +27,7 @@ private:
     void removeAsked(int row);
 
     SiteWindowController& controller_;
+    std::function<void(const std::shared_ptr<ZORPlugIn>&)> separateWindowObserver_;
     bool refreshing_ = false;
 };
 

@@ -11,31 +11,36 @@
 
 #include "app/Version.h"
 #include "app/window/AboutPlugIns.h"
-#include "app/window/DashboardMenus.h"
 #include "app/window/Appearance.h"
+#include "app/window/DashboardMenus.h"
 #include "app/window/Desktop.h"
 #include "app/window/EditorState.h"
 #include "app/window/SiteWindow.h"
 #include "app/window/UnlinkedWindow.h"
+#include "qt/PlainText.h"
+#include "qt/QtConversions.h"
 
 namespace zor {
 
 namespace {
 
-bool isBeingEdited(const SiteWindow& window) { return EditorState::of(window.selectedDashboard()).isEdited; }
+bool isBeingEdited(const SiteWindow& window) {
+    return EditorState::of(window.selectedDashboard()).isEdited;
+}
 
 }  // namespace
 
 SiteMenus::SiteMenus(SiteWindow& window, QWidget& canvas) : window_(window), bar_(*window.menuBar()) {
     makeFileMenu();
-    (new DashboardMenus(window, canvas))->addTo(bar_);
+    dashboard_ = new DashboardMenus(window, canvas, window.controller().window(),
+                                    [&window] { return window.selectedDashboard(); });
+    dashboard_->addTo(bar_);
     makeViewMenu();
     makeWindowMenu();
     makeHelpMenu();
 }
 
-QAction* SiteMenus::add(QMenu& menu, const QString& text, const QKeySequence& shortcut,
-                        std::function<void()> perform) {
+QAction* SiteMenus::add(QMenu& menu, const QString& text, const QKeySequence& shortcut, std::function<void()> perform) {
     auto* action = menu.addAction(text);
     action->setShortcut(shortcut);
     QObject::connect(action, &QAction::triggered, &window_, [perform = std::move(perform)] { perform(); });
@@ -43,7 +48,7 @@ QAction* SiteMenus::add(QMenu& menu, const QString& text, const QKeySequence& sh
 }
 
 void SiteMenus::addSender(QMenu& menu, const QString& text, const QKeySequence& shortcut, const char* action) {
-    add(menu, text, shortcut, [this, action] { window_.sendAction(action); });
+    add(menu, text, shortcut, [this, action] { dashboard_->send(action); });
 }
 
 void SiteMenus::makeFileMenu() {
@@ -63,6 +68,11 @@ void SiteMenus::makeFileMenu() {
     menu.addSeparator();
     add(menu, QObject::tr("&Save"), QKeySequence::Save, [this] { window_.save(); });
     add(menu, QObject::tr("Save &As..."), QKeySequence::SaveAs, [this] { window_.saveAs(); });
+    for (const auto& entry : window_.document().entryPlugIns()) {
+        if (!entry->respondsTo("importDashboard:")) continue;
+        add(menu, QObject::tr("&Import Dashboard..."), {},
+            [entry] { entry->performWithSender("importDashboard:", {}); });
+    }
     addSender(menu, QObject::tr("&Export Dashboard..."), {}, "exportDashboard:");
     menu.addSeparator();
     addSender(menu, QObject::tr("&Print..."), QKeySequence::Print, "printDocument");
@@ -87,14 +97,16 @@ void SiteMenus::fillCatalogue(QMenu& menu) {
     menu.setToolTipsVisible(true);
 }
 
-void SiteMenus::popUpCatalogue(const QPoint& position) { catalogue_->popup(position); }
+void SiteMenus::popUpCatalogue(const QPoint& position) {
+    catalogue_->popup(position);
+}
 
 void SiteMenus::fillRecentFiles(QMenu& menu) {
     menu.clear();
     for (const auto& file : window_.desktop().recentFiles()) {
-        auto* action = add(menu, QFileInfo(file).fileName(), {},
-                           [this, file] { window_.desktop().openSite(file, &window_); });
-        action->setToolTip(file);
+        auto* action =
+            add(menu, QFileInfo(file).fileName(), {}, [this, file] { window_.desktop().openSite(file, &window_); });
+        action->setToolTip(plainToolTip(file));
     }
     if (menu.isEmpty()) menu.addAction(QObject::tr("None"))->setEnabled(false);
     menu.addSeparator();
@@ -103,9 +115,8 @@ void SiteMenus::fillRecentFiles(QMenu& menu) {
 
 void SiteMenus::makeViewMenu() {
     QMenu& menu = *bar_.addMenu(QObject::tr("&View"));
-    auto* edit = add(menu, QObject::tr("&Edit Dashboard"), QKeySequence(Qt::CTRL | Qt::Key_E), [this] {
-        window_.sendAction(isBeingEdited(window_) ? "exitEditMode:" : "editDashboard:");
-    });
+    auto* edit = add(menu, QObject::tr("&Edit Dashboard"), QKeySequence(Qt::CTRL | Qt::Key_E),
+                     [this] { dashboard_->toggleEditMode(); });
     menu.addSeparator();
 
     QMenu* units = menu.addMenu(QObject::tr("&Units"));
@@ -129,8 +140,8 @@ void SiteMenus::makeViewMenu() {
     list->setCheckable(true);
     auto* bar = window_.findChild<QToolBar*>("toolbar");
     menu.addAction(bar->toggleViewAction());
-    auto* fullScreen = add(menu, QObject::tr("&Full Screen"), QKeySequence(Qt::Key_F11),
-                           [this] { window_.toggleFullScreen(); });
+    auto* fullScreen =
+        add(menu, QObject::tr("&Full Screen"), QKeySequence(Qt::Key_F11), [this] { window_.toggleFullScreen(); });
     fullScreen->setCheckable(true);
     QObject::connect(&menu, &QMenu::aboutToShow, &window_, [this, edit, list, fullScreen] {
         edit->setText(isBeingEdited(window_) ? QObject::tr("Exit &Edit Mode") : QObject::tr("&Edit Dashboard"));
@@ -155,6 +166,12 @@ void SiteMenus::makeWindowMenu() {
             action->setCheckable(true);
             action->setChecked(each == &window_);
         }
+        for (const auto& controller : window_.document().windowControllers()) {
+            if (!controller->contentViewController()) continue;
+            const std::weak_ptr<Window> separate = controller->window();
+            add(menu, toQt(controller->window()->title()), {},
+                [separate] { ask(separate.lock(), [](Window& shown) { shown.show(); }); });
+        }
     });
 }
 
@@ -174,9 +191,9 @@ void SiteMenus::makeHelpMenu() {
     menu.addSeparator();
     add(menu, QObject::tr("About &Plug-ins"), {}, [this] { showAboutPlugIns(window_); });
     add(menu, QObject::tr("&About Station"), {}, [this] {
-        QMessageBox::about(&window_, QObject::tr("About Station"),
-                           QObject::tr("<h3>Station %1</h3><p>Live instrument panels for a weather station.</p>")
-                               .arg(programVersion));
+        QMessageBox::about(
+            &window_, QObject::tr("About Station"),
+            QObject::tr("<h3>Station %1</h3><p>Live instrument panels for a weather station.</p>").arg(programVersion));
     });
 }
 

@@ -11,6 +11,7 @@ class QWidget;
 
 namespace zor {
 
+class DashboardMenus;
 class SiteWindow;
 
 /// The menu bar of a site window.
@@ -34,6 +35,7 @@ private:
     SiteWindow& window_;
     QMenuBar& bar_;
     QMenu* catalogue_ = nullptr;
+    DashboardMenus* dashboard_ = nullptr;
 };
 
 }  // namespace zor

@@ -2,9 +2,9 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDateTime>
 #include <QFileDialog>
 #include <QLabel>
-#include <QDateTime>
 #include <QMessageBox>
 #include <QScreen>
 #include <QSettings>
@@ -15,8 +15,11 @@
 
 #include "app/window/Desktop.h"
 #include "app/window/PlugInList.h"
+#include "app/window/SeparateWindow.h"
 #include "app/window/SiteMenus.h"
 #include "app/window/UnlinkedWindow.h"
+#include "qt/PlainText.h"
+#include "qt/QtConversions.h"
 #include "qt/QtWindowPeer.h"
 #include "qt/ViewTreeWidget.h"
 
@@ -41,8 +44,17 @@ SiteWindow::SiteWindow(Desktop& desktop, std::shared_ptr<SiteSession> session)
     splitter_->setChildrenCollapsible(false);
     splitter_->setHandleWidth(1);
     list_ = new PlugInList(controller(), this);
+    list_->setSeparateWindowObserver([this](const auto& plugIn) {
+        openSeparateWindow(*this, plugIn);
+        refreshElsewhere();
+    });
     canvasArea_ = new ViewTreeWidget(splitter_);
     canvasArea_->setObjectName("dashboard");
+    elsewhereLabel_ = new QLabel(canvasArea_);
+    elsewhereLabel_->setAlignment(Qt::AlignCenter);
+    elsewhereLabel_->setTextFormat(Qt::PlainText);
+    elsewhereLabel_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    elsewhereLabel_->hide();
     canvasArea_->installEventFilter(this);
     controller().window()->setPeer(std::make_shared<QtWindowPeer>(*controller().window(), *canvasArea_));
     splitter_->addWidget(list_);
@@ -56,6 +68,7 @@ SiteWindow::SiteWindow(Desktop& desktop, std::shared_ptr<SiteSession> session)
     unlinkedLabel_ = new QLabel(this);
     troubleLabel_ = new QLabel(this);
     troubleLabel_->setObjectName("trouble");
+    for (auto* label : {stationLabel_, troubleLabel_}) label->setTextFormat(Qt::PlainText);
     statusBar()->addWidget(stationLabel_, 1);
     statusBar()->addPermanentWidget(unlinkedLabel_);
     statusBar()->addPermanentWidget(troubleLabel_);
@@ -111,6 +124,7 @@ void SiteWindow::makeToolbar() {
 void SiteWindow::refreshList() {
     list_->refresh();
     refreshTitle();
+    refreshElsewhere();
 }
 
 void SiteWindow::refreshTitle() {
@@ -127,13 +141,22 @@ void SiteWindow::refreshStatus() {
         newest = std::max(newest, property->receivedAt());
     }
     const QString station = QString::fromStdString(document().agent()->name());
-    const QString when =
-        newest > 0 ? QLocale().toString(QDateTime::fromSecsSinceEpoch(static_cast<qint64>(newest)), QLocale::ShortFormat)
-                   : tr("no reading yet");
+    const QString when = newest > 0 ? QLocale().toString(QDateTime::fromSecsSinceEpoch(static_cast<qint64>(newest)),
+                                                         QLocale::ShortFormat)
+                                    : tr("no reading yet");
     const QString text = tr("%1: %2").arg(station, when);
     if (stationLabel_->text() != text) stationLabel_->setText(text);
     unlinkedLabel_->setText(unlinkedNotice(unlinkedInstrumentsOf(document()).size()));
     troubleLabel_->setText(QString::fromStdString(session_->trouble()));
+}
+
+void SiteWindow::refreshElsewhere() {
+    const auto shown = selectedDashboard();
+    const bool isElsewhere = shown && document().isInSeparateWindow(*shown);
+    elsewhereLabel_->setVisible(isElsewhere);
+    if (!isElsewhere) return;
+    elsewhereLabel_->setText(
+        tr("“%1” is shown in a separate window.").arg(toQt(SiteWindowController::shownTitle(*shown))));
 }
 
 void SiteWindow::noticeEdits() {
@@ -144,15 +167,9 @@ bool SiteWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == canvasArea_ && event->type() == QEvent::Resize) {
         const QSize size = canvasArea_->size();
         controller().setPlugInFrame({0, 0, double(size.width()), double(size.height())});
+        elsewhereLabel_->resize(size);
     }
     return QMainWindow::eventFilter(watched, event);
-}
-
-void SiteWindow::sendAction(const char* action) {
-    auto* responder = controller().window()->firstResponder();
-    const auto dashboard = selectedDashboard();
-    if (responder == controller().window().get() && dashboard) responder = dashboard.get();
-    if (responder) responder->tryToPerform(action, {});
 }
 
 void SiteWindow::setUnitSystem(UnitSystem system) {
@@ -160,11 +177,17 @@ void SiteWindow::setUnitSystem(UnitSystem system) {
     document().setDirty(true);
 }
 
-void SiteWindow::setListVisible(bool visible) { list_->setVisible(visible); }
+void SiteWindow::setListVisible(bool visible) {
+    list_->setVisible(visible);
+}
 
-bool SiteWindow::isListVisible() const { return !list_->isHidden(); }
+bool SiteWindow::isListVisible() const {
+    return !list_->isHidden();
+}
 
-void SiteWindow::toggleFullScreen() { setWindowState(windowState() ^ Qt::WindowFullScreen); }
+void SiteWindow::toggleFullScreen() {
+    setWindowState(windowState() ^ Qt::WindowFullScreen);
+}
 
 bool SiteWindow::save() {
     return file().empty() ? saveAs() : writeTo(QString::fromStdString(file().string()));
@@ -173,8 +196,8 @@ bool SiteWindow::save() {
 bool SiteWindow::saveAs() {
     const QString suggested = file().empty() ? QString::fromStdString(document().agent()->name()) + ".site"
                                              : QString::fromStdString(file().string());
-    QString chosen = QFileDialog::getSaveFileName(this, tr("Save Site Document"), suggested,
-                                                  tr("Site Documents (*.site)"));
+    QString chosen =
+        QFileDialog::getSaveFileName(this, tr("Save Site Document"), suggested, tr("Site Documents (*.site)"));
     if (chosen.isEmpty()) return false;
     if (QFileInfo(chosen).suffix().isEmpty()) chosen += ".site";
     return writeTo(chosen);
@@ -191,6 +214,7 @@ bool SiteWindow::writeTo(const QString& chosen) {
     QMessageBox box(QMessageBox::Warning, QCoreApplication::applicationName(),
                     tr("“%1” could not be saved.").arg(QFileInfo(chosen).fileName()), QMessageBox::Ok, this);
     box.setInformativeText(QString::fromStdString(status.error().message));
+    showTextsPlainly(box);
     box.exec();
     return false;
 }
@@ -198,9 +222,11 @@ bool SiteWindow::writeTo(const QString& chosen) {
 void SiteWindow::closeEvent(QCloseEvent* event) {
     noticeEdits();
     if (document().isDirty()) {
-        const auto choice = QMessageBox::question(this, QCoreApplication::applicationName(),
-                                                  tr("Save the changes to “%1”?").arg(windowTitle().remove("[*]")),
-                                                  QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+        QMessageBox box(QMessageBox::Question, QCoreApplication::applicationName(),
+                        tr("Save the changes to “%1”?").arg(windowTitle().remove("[*]")),
+                        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+        showTextsPlainly(box);
+        const int choice = box.exec();
         if (choice == QMessageBox::Cancel || (choice == QMessageBox::Save && !save())) {
             event->ignore();
             return;

@@ -33,8 +33,6 @@ public:
     /// True where the document is saved now; false where the person cancelled or it cannot be saved, which is told.
     bool save();
     bool saveAs();
-    /// Sends an action up the responder chain, from the dashboard where nothing in it has the keyboard.
-    void sendAction(const char* action);
     void setUnitSystem(UnitSystem system);
     void setListVisible(bool visible);
     bool isListVisible() const;
@@ -51,6 +49,8 @@ private:
     void refreshList();
     void refreshTitle();
     void refreshStatus();
+    /// Says where the selected dashboard is when another window shows it.
+    void refreshElsewhere();
     /// A dashboard that somebody has edited makes the document one to be saved.
     void noticeEdits();
     bool writeTo(const QString& file);
@@ -60,6 +60,7 @@ private:
     QSplitter* splitter_ = nullptr;
     PlugInList* list_ = nullptr;
     ViewTreeWidget* canvasArea_ = nullptr;
+    QLabel* elsewhereLabel_ = nullptr;
     QLabel* stationLabel_ = nullptr;
     QLabel* unlinkedLabel_ = nullptr;
     QLabel* troubleLabel_ = nullptr;
