@@ -7,7 +7,9 @@
 
 #include <cstring>
 #include <initializer_list>
+#include <span>
 #include <string_view>
+#include <vector>
 #else
 #include <QBuffer>
 #endif
@@ -28,15 +30,18 @@ constexpr int compressionLevel = 1;
 /// Of the header: true colour, without and with alpha.
 constexpr std::uint8_t rgbColor = 2;
 constexpr std::uint8_t rgbaColor = 6;
+constexpr QRgb opaque = 0xff000000;
 
+std::span<const QRgb> rowOf(const QImage& image, int y) {
+    return {reinterpret_cast<const QRgb*>(image.constScanLine(y)), static_cast<std::size_t>(image.width())};
+}
+
+/// Of an image of 32 bits a pixel.
 bool isOpaque(const QImage& image) {
-    if (!image.hasAlphaChannel()) return true;
-    if (image.format() != QImage::Format_ARGB32_Premultiplied) return false;
     for (int y = 0; y < image.height(); ++y) {
-        const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
-        QRgb common = 0xff000000;
-        for (int x = 0; x < image.width(); ++x) common &= row[x];
-        if (common != 0xff000000) return false;
+        QRgb common = opaque;
+        for (const QRgb pixel : rowOf(image, y)) common &= pixel;
+        if (common < opaque) return false;
     }
     return true;
 }
@@ -68,20 +73,46 @@ struct Buffer {
     std::size_t size;
 };
 
+/// Writes the difference between two rows of pixels, red first, and gives the place after it.
+template <std::size_t channels>
+std::uint8_t* writeDifference(std::span<const QRgb> row, const QRgb* above, std::uint8_t* out) {
+    static_assert(channels == 3 || channels == 4);
+    const auto part = [](QRgb pixel, int shift) { return static_cast<std::uint8_t>(pixel >> shift); };
+    for (std::size_t x = 0; x < row.size();) {
+        // Most of a dashboard's rows repeat the one above.
+        const std::size_t end = std::min(x + 16, row.size());
+        const std::size_t length = channels * (end - x);
+        if (std::memcmp(&row[x], &above[x], (end - x) * sizeof(QRgb)) == 0) {
+            std::memset(out, 0, length);
+            out += length;
+            x = end;
+            continue;
+        }
+        for (; x < end; ++x) {
+            out[0] = static_cast<std::uint8_t>(part(row[x], 16) - part(above[x], 16));
+            out[1] = static_cast<std::uint8_t>(part(row[x], 8) - part(above[x], 8));
+            out[2] = static_cast<std::uint8_t>(part(row[x], 0) - part(above[x], 0));
+            if constexpr (channels == 4) out[3] = static_cast<std::uint8_t>(part(row[x], 24) - part(above[x], 24));
+            out += channels;
+        }
+    }
+    return out;
+}
+
 /// Every row as its difference from the row above, after the number of that filter.
-Buffer filteredRows(const QImage& pixels) {
+template <std::size_t channels>
+Buffer filteredRows(const QImage& image) {
     constexpr std::uint8_t upFilter = 2;
-    const auto rowBytes = static_cast<std::size_t>(pixels.width()) * static_cast<std::size_t>(pixels.depth()) / 8;
-    Buffer rows((rowBytes + 1) * static_cast<std::size_t>(pixels.height()));
+    const auto width = static_cast<std::size_t>(image.width()), height = static_cast<std::size_t>(image.height());
+    Buffer rows((channels * width + 1) * height);
     std::uint8_t* out = rows.bytes.get();
-    const Bytes ground(rowBytes, 0);
-    const std::uint8_t* above = ground.data();
-    for (int y = 0; y < pixels.height(); ++y) {
-        const std::uint8_t* row = pixels.constScanLine(y);
+    const std::vector<QRgb> ground(width, 0);
+    const QRgb* above = ground.data();
+    for (int y = 0; y < image.height(); ++y) {
+        const auto row = rowOf(image, y);
         *out++ = upFilter;
-        for (std::size_t i = 0; i < rowBytes; ++i) out[i] = static_cast<std::uint8_t>(row[i] - above[i]);
-        out += rowBytes;
-        above = row;
+        out = writeDifference<channels>(row, above, out);
+        above = row.data();
     }
     return rows;
 }
@@ -100,18 +131,17 @@ bool appendCompressed(Bytes& file, const Buffer& data) {
 }  // namespace
 
 std::shared_ptr<const Bytes> pngOfImage(QImage image) {
-    // Three bytes a pixel instead of four: most dashboards have a ground.
-    const bool opaque = isOpaque(image);
-    // There is nothing to divide by alpha, and Qt has a short way for images without it.
-    if (opaque && image.depth() == 32) image.reinterpretAsFormat(QImage::Format_RGB32);
-    image.convertTo(opaque ? QImage::Format_RGB888 : QImage::Format_RGBA8888);
+    if (image.format() != QImage::Format_ARGB32_Premultiplied) image.convertTo(QImage::Format_ARGB32_Premultiplied);
     if (image.isNull()) return {};
+    // Three bytes a pixel instead of four: most dashboards have a ground. Then there is nothing to divide by alpha.
+    const bool isWhole = isOpaque(image);
+    if (!isWhole) image.convertTo(QImage::Format_ARGB32);
     Bytes file{0x89, 'P', 'N', 'G', '\r', '\n', 0x1A, '\n'};
     const std::size_t header = beginChunk(file, "IHDR");
     appendNumber(file, static_cast<std::uint32_t>(image.width()));
     appendNumber(file, static_cast<std::uint32_t>(image.height()));
     // Eight bits per channel, the only compression and filter method, not interlaced.
-    file.insert(file.end(), {8, opaque ? rgbColor : rgbaColor, 0, 0, 0});
+    file.insert(file.end(), {8, isWhole ? rgbColor : rgbaColor, 0, 0, 0});
     endChunk(file, header);
     const std::size_t resolution = beginChunk(file, "pHYs");
     appendNumber(file, pixelsPerMetre);
@@ -119,7 +149,7 @@ std::shared_ptr<const Bytes> pngOfImage(QImage image) {
     file.push_back(1);
     endChunk(file, resolution);
     const std::size_t pixels = beginChunk(file, "IDAT");
-    if (!appendCompressed(file, filteredRows(image))) return {};
+    if (!appendCompressed(file, isWhole ? filteredRows<3>(image) : filteredRows<4>(image))) return {};
     endChunk(file, pixels);
     endChunk(file, beginChunk(file, "IEND"));
     return std::make_shared<const Bytes>(std::move(file));

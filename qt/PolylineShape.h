@@ -1,19 +1,15 @@
 #pragma once
-// The outline of a long stroked line, in pieces that a raster painter fills quickly.
+// The outline of a long stroked line, in areas that are filled quickly.
 
-#include <QPainterPath>
 #include <span>
-#include <vector>
 
 #include "host/views/DrawingContext.h"
+#include "qt/PixelCoverage.h"
 
 namespace zor {
 
-/// Shapes to be filled one after the other, each with the winding rule, that together cover the solid line. Stroking
-/// the line as one general path takes a raster painter more than ten times as long.
-/// Pieces overlap along the line by `overlap` points, so that their antialiased ends leave no seam; where that would
-/// show, as with a translucent colour, `inOnePiece` gives a single shape, at the price of speed.
-std::vector<QPainterPath> polylineShapes(std::span<const Point> points, const Stroke& stroke, double overlap,
-                                         bool inOnePiece);
+/// What the solid line covers where the painter draws it now, dashes left out; PixelCoverage::isPossible tells whether
+/// it can be said. Points that are not finite are passed over.
+PixelCoverage coverageOfPolyline(const QPainter& painter, std::span<const Point> points, const Stroke& stroke);
 
 }  // namespace zor

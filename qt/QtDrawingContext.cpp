@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "qt/DashedLines.h"
+#include "qt/LevelGradient.h"
 #include "qt/PolylineShape.h"
 #include "qt/QtConversions.h"
 #include "qt/QtFonts.h"
@@ -91,6 +92,50 @@ QRectF wholePixels(const QRectF& device) {
     return {topLeft, bottomRight};
 }
 
+/// Lets the painter draw in the units of its device as long as it lives, where asked.
+class InDeviceUnits {
+public:
+    InDeviceUnits(QPainter& painter, bool wanted)
+        : painter_(painter), transform_(painter.deviceTransform()), isActive_(wanted && transform_.isInvertible()) {
+        if (!isActive_) return;
+        painter_.save();
+        painter_.setWorldTransform(transform_.inverted() * painter_.worldTransform());
+    }
+    ~InDeviceUnits() {
+        if (isActive_) painter_.restore();
+    }
+    InDeviceUnits(const InDeviceUnits&) = delete;
+    InDeviceUnits& operator=(const InDeviceUnits&) = delete;
+
+    bool isActive() const { return isActive_; }
+    /// To those units.
+    const QTransform& transform() const { return transform_; }
+
+private:
+    QPainter& painter_;
+    QTransform transform_;
+    bool isActive_;
+};
+
+/// Whether lines are as wide in every direction, and not mirrored.
+bool isSimilarity(const QTransform& transform) {
+    return transform.type() <= QTransform::TxRotate && transform.m11() == transform.m22() &&
+           transform.m12() == -transform.m21();
+}
+
+QPolygonF wholeUnits(QPolygonF line) {
+    for (QPointF& point : line) point = {std::round(point.x()), std::round(point.y())};
+    return line;
+}
+
+QPainterPath wholeUnits(QPainterPath path) {
+    for (int index = 0; index < path.elementCount(); ++index) {
+        const QPainterPath::Element element = path.elementAt(index);
+        path.setElementPositionAt(index, std::round(element.x), std::round(element.y));
+    }
+    return path;
+}
+
 double startOf(double start, double room, double used, double share) {
     return start + (room - used) * share;
 }
@@ -158,6 +203,12 @@ Rect QtDrawingContext::alignedToPixels(const Rect& rect) const {
     return {aligned.x(), aligned.y(), aligned.width(), aligned.height()};
 }
 
+/// Those of a document are finer than anybody sees.
+bool QtDrawingContext::hasFineUnits() const {
+    constexpr int leastUnitsPerInch = 1200;
+    return painter_.paintEngine()->type() == QPaintEngine::Pdf && painter_.device()->logicalDpiX() >= leastUnitsPerInch;
+}
+
 bool QtDrawingContext::hasParallelPixels() const {
     const QTransform device = painter_.deviceTransform();
     return isRaster_ && device.type() <= QTransform::TxScale && device.isInvertible();
@@ -168,11 +219,20 @@ void QtDrawingContext::fillPath(const Path& path, const Color& color) {
 }
 
 void QtDrawingContext::fillPathWithGradient(const Path& path, const Gradient& gradient) {
-    if (!gradient.stops.empty()) painter_.fillPath(zor::toQt(path), toBrush(gradient));
+    if (gradient.stops.empty() || fillWithLevelGradient(painter_, path, gradient)) return;
+    QPainterPath area = zor::toQt(path);
+    QBrush brush = toBrush(gradient);
+    const InDeviceUnits device(painter_, hasFineUnits());
+    if (device.isActive()) {
+        area = wholeUnits(device.transform().map(area));
+        brush.setTransform(device.transform());
+    }
+    painter_.fillPath(area, brush);
 }
 
 void QtDrawingContext::strokePath(const Path& path, const Stroke& stroke) {
-    if (!isVisible(stroke) || (isRaster_ && !dashPattern(stroke).isEmpty() && drawDashedLines(painter_, path, stroke))) {
+    if (!isVisible(stroke) ||
+        (isRaster_ && !dashPattern(stroke).isEmpty() && drawDashedLines(painter_, path, stroke))) {
         return;
     }
     painter_.strokePath(zor::toQt(path), toPen(stroke));
@@ -180,21 +240,22 @@ void QtDrawingContext::strokePath(const Path& path, const Stroke& stroke) {
 
 void QtDrawingContext::strokePolyline(const std::vector<Point>& points, const Stroke& stroke) {
     if (!isVisible(stroke)) return;
-    if (!isRaster_ || !dashPattern(stroke).isEmpty()) {
-        QPolygonF line;
-        line.reserve(static_cast<qsizetype>(points.size()));
-        for (const Point& point : points) line.append(zor::toQt(point));
-        painter_.setPen(toPen(stroke));
-        painter_.drawPolyline(line);
+    if (dashPattern(stroke).isEmpty() && PixelCoverage::isPossible(painter_)) {
+        const QRgb color = qPremultiply(zor::toQt(stroke.color).rgba());
+        coverageOfPolyline(painter_, points, stroke).paint(painter_, [color](int) { return color; });
         return;
     }
-    // One pixel of overlap hides the antialiased ends of the pieces.
-    const double pixelsPerPoint = std::sqrt(std::abs(painter_.deviceTransform().determinant()));
-    const double overlap = pixelsPerPoint > 0 ? 1 / pixelsPerPoint : 1;
-    const QBrush brush(zor::toQt(stroke.color));
-    for (const QPainterPath& shape : polylineShapes(points, stroke, overlap, stroke.color.alpha < 255)) {
-        painter_.fillPath(shape, brush);
+    QPolygonF line;
+    line.reserve(static_cast<qsizetype>(points.size()));
+    for (const Point& point : points) line.append(zor::toQt(point));
+    QPen pen = toPen(stroke);
+    const InDeviceUnits device(painter_, hasFineUnits() && isSimilarity(painter_.deviceTransform()));
+    if (device.isActive()) {
+        line = wholeUnits(device.transform().map(line));
+        pen.setWidthF(stroke.width * std::sqrt(device.transform().determinant()));
     }
+    painter_.setPen(pen);
+    painter_.drawPolyline(line);
 }
 
 void QtDrawingContext::fillRect(const Rect& rect, const Color& color) {

@@ -37,6 +37,7 @@ public:
 
 private:
     bool hasParallelPixels() const;
+    bool hasFineUnits() const;
 
     QPainter& painter_;
     /// Whether pixels are drawn, rather than a document that some other program turns into pixels.

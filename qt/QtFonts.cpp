@@ -31,8 +31,8 @@ QString installedFamily(const std::string& wanted) {
     return found == sansFamilies.end() ? QStringLiteral("sans-serif") : QString(*found);
 }
 
-QFont shapingFont(const Font& font) {
-    QFont result(installedFamily(font.family));
+QFont shapingFont(const Font& font, const QString& family) {
+    QFont result(family);
     result.setStyleHint(QFont::SansSerif,
                         static_cast<QFont::StyleStrategy>(QFont::PreferAntialias | QFont::NoSubpixelAntialias));
     result.setPixelSize(shapingSize);
@@ -44,6 +44,32 @@ QFont shapingFont(const Font& font) {
 
 std::string faceKey(const Font& font) {
     return font.family + (font.bold ? "\nb" : "\n") + (font.italic ? "i" : "");
+}
+
+bool isDrawable(const Font& font) {
+    return std::isfinite(font.size) && font.size > 0;
+}
+
+TextBlock::Line shapedLine(const QString& text, const QFont& font) {
+    QTextLayout layout(text, font);
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setFlags(QTextOption::IncludeTrailingSpaces);
+    option.setUseDesignMetrics(true);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    const QTextLine shaped = layout.createLine();
+    layout.endLayout();
+    if (!shaped.isValid()) return {};
+    TextBlock::Line line{shaped.naturalTextWidth(), {}};
+    const QPointF baseLine(0, shaped.ascent());
+    for (QGlyphRun& run : layout.glyphRuns()) {
+        QList<QPointF> positions = run.positions();
+        for (QPointF& position : positions) position -= baseLine;
+        run.setPositions(positions);
+        line.runs.push_back(run);
+    }
+    return line;
 }
 
 }  // namespace
@@ -69,7 +95,10 @@ QtFonts& QtFonts::shared() {
 const QtFonts::Face& QtFonts::face(const Font& font) {
     auto& face = faces_[faceKey(font)];
     if (!face) {
-        const QFont shaping = shapingFont(font);
+        // Looking for a family takes longer than all else here.
+        const auto [family, isNew] = families_.try_emplace(font.family);
+        if (isNew) family->second = installedFamily(font.family);
+        const QFont shaping = shapingFont(font, family->second);
         const QFontMetricsF metrics(shaping);
         face = std::make_unique<Face>(shaping, FontMetrics{metrics.ascent(), metrics.descent(), metrics.capHeight()});
     }
@@ -77,10 +106,17 @@ const QtFonts::Face& QtFonts::face(const Font& font) {
 }
 
 FontMetrics QtFonts::metrics(const Font& font) {
-    if (!std::isfinite(font.size) || font.size <= 0) return {};
+    if (!isDrawable(font)) return {};
     const FontMetrics& metrics = face(font).metrics;
     const double factor = font.size / shapingSize;
     return {metrics.ascent * factor, metrics.descent * factor, metrics.capHeight * factor};
+}
+
+Size QtFonts::sizeOfText(std::string_view text, const Font& font) {
+    if (!isDrawable(font)) return {};
+    const Size size = shaped(text, font).size();
+    const double factor = font.size / shapingSize;
+    return {size.width * factor, size.height * factor};
 }
 
 const TextBlock& QtFonts::block(std::string_view text, const Font& font) {
@@ -91,38 +127,34 @@ const TextBlock& QtFonts::block(std::string_view text, const Font& font) {
         scaledFonts_.clear();
     }
     TextBlock& block = blocks_[key];
-    const FontMetrics metrics = this->metrics(font);
-    block.ascent = metrics.ascent;
-    block.lineHeight = metrics.ascent + metrics.descent;
-    if (block.lineHeight <= 0) return block;
-    const QString whole = toQt(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\t', u' ');
-    for (const QString& line : whole.split(u'\n')) block.lines.push_back(shape(line, face(font), font.size));
+    if (!isDrawable(font)) return block;
+    block = shaped(text, font);
+    const double factor = font.size / shapingSize;
+    block.ascent *= factor;
+    block.lineHeight *= factor;
+    for (TextBlock::Line& line : block.lines) {
+        line.width *= factor;
+        for (QGlyphRun& run : line.runs) {
+            QList<QPointF> positions = run.positions();
+            for (QPointF& position : positions) position *= factor;
+            run.setPositions(positions);
+            run.setRawFont(scaled(run.rawFont(), font.size));
+        }
+    }
     return block;
 }
 
-TextBlock::Line QtFonts::shape(const QString& text, const Face& face, double size) {
-    QTextLayout layout(text, face.font);
-    QTextOption option;
-    option.setWrapMode(QTextOption::NoWrap);
-    option.setFlags(QTextOption::IncludeTrailingSpaces);
-    option.setUseDesignMetrics(true);
-    layout.setTextOption(option);
-    layout.beginLayout();
-    const QTextLine shaped = layout.createLine();
-    layout.endLayout();
-    if (!shaped.isValid()) return {};
-
-    const double factor = size / shapingSize;
-    TextBlock::Line line{shaped.naturalTextWidth() * factor, {}};
-    const QPointF baseLine(0, shaped.ascent());
-    for (QGlyphRun& run : layout.glyphRuns()) {
-        QList<QPointF> positions = run.positions();
-        for (QPointF& position : positions) position = (position - baseLine) * factor;
-        run.setPositions(positions);
-        run.setRawFont(scaled(run.rawFont(), size));
-        line.runs.push_back(run);
-    }
-    return line;
+const TextBlock& QtFonts::shaped(std::string_view text, const Font& font) {
+    const std::string key = faceKey(font) + '\n' + std::string(text);
+    if (const auto known = shaped_.find(key); known != shaped_.end()) return known->second;
+    if (shaped_.size() >= mostBlocks) shaped_.clear();
+    TextBlock& block = shaped_[key];
+    const Face& face = this->face(font);
+    block.ascent = face.metrics.ascent;
+    block.lineHeight = face.metrics.ascent + face.metrics.descent;
+    const QString whole = toQt(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\t', u' ');
+    for (const QString& line : whole.split(u'\n')) block.lines.push_back(shapedLine(line, face.font));
+    return block;
 }
 
 const QRawFont& QtFonts::scaled(const QRawFont& font, double size) {
@@ -138,7 +170,9 @@ Status QtFonts::activate(const std::filesystem::path& file) {
         return Error{"The file " + file.string() + " is no font that can be read"};
     }
     // A family that was missing may be there now.
+    families_.clear();
     faces_.clear();
+    shaped_.clear();
     blocks_.clear();
     scaledFonts_.clear();
     return success();

@@ -5,6 +5,7 @@
 #include <QRawFont>
 #include <filesystem>
 #include <map>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -31,15 +32,15 @@ struct TextBlock {
     Size size() const;
 };
 
-/// Text is shaped once at a large size without hinting and scaled from there, so that its extents grow in proportion
-/// to the font's size and are the same on every device.
+/// Text is shaped once, at a large size without hinting, and scaled from there: its extents grow in proportion to the
+/// font's size and are the same on every device, and measuring it at other sizes costs nothing.
 class QtFonts {
 public:
     static QtFonts& shared();
 
     /// Lives until the next call. A size that is no positive number gives a block without extent.
     const TextBlock& block(std::string_view text, const Font& font);
-    Size sizeOfText(std::string_view text, const Font& font) { return block(text, font).size(); }
+    Size sizeOfText(std::string_view text, const Font& font);
     FontMetrics metrics(const Font& font);
     /// Makes a font file available by its family name.
     Status activate(const std::filesystem::path& file);
@@ -48,11 +49,15 @@ private:
     struct Face;
 
     const Face& face(const Font& font);
-    TextBlock::Line shape(const QString& text, const Face& face, double size);
+    /// At the size of shaping, whatever the font's. Lives until the next call.
+    const TextBlock& shaped(std::string_view text, const Font& font);
     const QRawFont& scaled(const QRawFont& font, double size);
 
+    /// The installed families that stand for the wanted ones.
+    std::map<std::string, QString, std::less<>> families_;
     std::map<std::string, std::unique_ptr<Face>, std::less<>> faces_;
     std::vector<std::pair<QRawFont, std::map<double, QRawFont>>> scaledFonts_;
+    std::unordered_map<std::string, TextBlock> shaped_;
     std::unordered_map<std::string, TextBlock> blocks_;
 };
 

@@ -1,8 +1,10 @@
 #include "app/window/PlugInList.h"
 
 #include <QAction>
+#include <QCryptographicHash>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPixmapCache>
 #include <QPushButton>
 #include <algorithm>
 #include <utility>
@@ -12,8 +14,16 @@
 namespace zor {
 
 QIcon iconFrom(const std::shared_ptr<Image>& image) {
+    if (!image || !image->data()) return {};
+    // All dashboards show the same picture, which takes a while to decode.
+    const auto data = QByteArrayView(image->data()->data(), static_cast<qsizetype>(image->data()->size()));
+    const auto digest = QCryptographicHash::hash(data, QCryptographicHash::Sha1);
+    const QString key = QStringLiteral("icon ") + QString::fromLatin1(digest.toHex());
     QPixmap pixmap;
-    if (image && image->data()) pixmap.loadFromData(image->data()->data(), static_cast<uint>(image->data()->size()));
+    if (!QPixmapCache::find(key, &pixmap)) {
+        pixmap.loadFromData(image->data()->data(), static_cast<uint>(image->data()->size()));
+        QPixmapCache::insert(key, pixmap);
+    }
     return QIcon(pixmap);
 }
 

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/foundation/ClassBuilder.h"
+#include "host/views/ControlColors.h"
 #include "host/views/DrawingContext.h"
 
 namespace zor {
@@ -15,10 +16,6 @@ double offsetShowing(double start, double end, double offset, double room) {
     const auto [least, most] = std::minmax({start, end - room});
     return std::clamp(offset, least, most);
 }
-
-constexpr Color rulerGround = Color::rgb(0xF4F4F4);
-constexpr Color rulerInk = Color::rgb(0x606060);
-constexpr Color borderInk = Color::rgb(0xB0B0B0);
 
 }  // namespace
 
@@ -124,7 +121,7 @@ void ScrollView::scrollWheel(const EventPtr& event) {
 }
 
 void ScrollView::drawRect(DrawingContext& context, const Rect& dirty) {
-    if (border_) context.strokePath(Path::rect(insetRect(bounds(), 0.5, 0.5)), {borderInk});
+    if (border_) context.strokePath(Path::rect(insetRect(bounds(), 0.5, 0.5)), {ControlColors::current().edge});
     if (verticalRuler_ && isDrawable(bounds())) drawRuler(context, dirty);
 }
 
@@ -136,7 +133,7 @@ void ScrollView::drawRuler(DrawingContext& context, const Rect& dirty) const {
     constexpr double step = 10, labelStep = 100, labelHeight = 10;
     context.save();
     context.clipToRect(ruler);
-    context.fillRect(ruler, rulerGround);
+    context.fillRect(ruler, ControlColors::current().ground);
     // From the label above, which may reach into what is shown.
     const double top = port.y - offset_.y;
     const double first = std::floor((shown.y - labelHeight - top) / step) * step;
@@ -148,9 +145,9 @@ void ScrollView::drawRuler(DrawingContext& context, const Rect& dirty) const {
         ticks.addSegment({ruler.maxX() - length, top + y + 0.5}, {ruler.maxX(), top + y + 0.5});
         if (!labelled) continue;
         context.drawText(shortestNumber(y), {ruler.x, top + y + 1, rulerThickness - 2, labelHeight}, Font{.size = 7},
-                         rulerInk, TextAlignment::right);
+                         ControlColors::current().quiet, TextAlignment::right);
     }
-    context.strokePath(ticks, {rulerInk});
+    context.strokePath(ticks, {ControlColors::current().quiet});
     context.restore();
 }
 

@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "qt/QtConversions.h"
+#include "qt/QtDrawingContext.h"
 #include "tests/qt/Pixels.h"
 
 namespace zor {
@@ -57,12 +58,34 @@ double misplacedInk(const QImage& image, const QImage& wanted) {
     return misplaced / ink;
 }
 
+/// The painter's own stroke, whole and at once.
+QImage byPainter(const std::vector<Point>& points, double width, const QTransform& transform) {
+    QImage image(300, 120, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setTransform(transform);
+    QPainterPath line;
+    line.moveTo(toQt(points[0]));
+    for (const Point& point : points) line.lineTo(toQt(point));
+    painter.strokePath(line, QPen(Qt::black, width, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    return image;
+}
+
+QImage seenThrough(const QTransform& transform, const std::vector<Point>& points, const Stroke& stroke) {
+    QImage image(300, 120, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setTransform(transform);
+    QtDrawingContext(painter).strokePolyline(points, stroke);
+    return image;
+}
+
 }  // namespace
 
 TEST(PolylineShape, IsTheOutlineThatAStrokeHas) {
     const auto points = wave(40);
-    // Not quite opaque, so that it is one piece.
-    Stroke stroke{.color = Color{0, 0, 0, 254}};
+    Stroke stroke{.color = Color::black()};
     for (const double width : {1.0, 1.6, 6.0}) {
         stroke.width = width;
         EXPECT_LT(misplacedInk(byContext(points, stroke), wholeStroke(points, stroke, Qt::FlatCap, Qt::SvgMiterJoin)),
@@ -80,13 +103,65 @@ TEST(PolylineShape, IsTheOutlineThatAStrokeHas) {
     }
 }
 
-TEST(PolylineShape, PiecesLookLikeTheWhole) {
-    const auto points = wave(1440);
-    for (const double width : {1.0, 1.6, 6.0}) {
-        const Stroke stroke{.color = Color::black(), .width = width, .cap = LineCap::round, .join = LineJoin::round};
-        EXPECT_LT(misplacedInk(byContext(points, stroke), wholeStroke(points, stroke, Qt::RoundCap, Qt::RoundJoin)),
-                  0.1);
+TEST(PolylineShape, LooksAsTheWholeLineThatThePainterStrokes) {
+    for (const int count : {40, 300, 1440}) {
+        const auto points = wave(count);
+        for (const double width : {0.5, 1.0, 1.6, 6.0}) {
+            const Stroke stroke{
+                .color = Color::black(), .width = width, .cap = LineCap::round, .join = LineJoin::round};
+            EXPECT_LT(misplacedInk(byContext(points, stroke), byPainter(points, width, {})), 0.02)
+                << count << " points, " << width << " wide";
+        }
     }
+}
+
+TEST(PolylineShape, IsScaledTurnedAndMirroredWithWhatItIsPartOf) {
+    const auto points = wave(200);
+    const Stroke stroke{.color = Color::black(), .width = 1.6, .cap = LineCap::round, .join = LineJoin::round};
+    const QTransform transforms[] = {QTransform::fromScale(2, 2), QTransform::fromScale(0.5, 1.5),
+                                     QTransform().translate(40, -20).rotate(30), QTransform(-1, 0, 0, 1, 300, 0),
+                                     QTransform(1, 0.2, -0.4, 1, 0.3, 0.7)};
+    for (const QTransform& transform : transforms) {
+        EXPECT_LT(misplacedInk(seenThrough(transform, points, stroke), byPainter(points, 1.6, transform)), 0.02)
+            << transform.m11() << ' ' << transform.m12();
+    }
+}
+
+TEST(PolylineShape, KeepsWithinRectanglesAndPathsThatClip) {
+    const auto points = wave(1440);
+    const Stroke stroke{.color = Color::black(), .width = 6};
+    const QImage whole = byContext(points, stroke);
+    for (const bool isRound : {false, true}) {
+        const QImage cut = test::picture({300, 120}, [&](DrawingContext& context) {
+            if (isRound) {
+                context.clipToPath(Path::oval({50, 40, 100, 50}));
+            } else {
+                context.clipToRect({50, 40, 100, 50});
+            }
+            context.strokePolyline(points, stroke);
+        });
+        EXPECT_EQ(cut.pixel(100, 65), whole.pixel(100, 65));
+        EXPECT_EQ(qAlpha(cut.pixel(49, 65)), 0);
+        EXPECT_EQ(qAlpha(cut.pixel(150, 65)), 0);
+        for (int x = 90; x < 110; ++x) EXPECT_EQ(cut.pixel(x, 60), whole.pixel(x, 60)) << x;
+        EXPECT_EQ(qAlpha(cut.pixel(50, 41)) == 0, isRound || qAlpha(whole.pixel(50, 41)) == 0);
+    }
+}
+
+TEST(PolylineShape, HasDashesWhereAskedFor) {
+    const Stroke stroke{.color = Color::black(), .width = 4, .dash = {10, 6}, .dashPhase = 4};
+    const QImage image = byContext({{0, 50}, {100, 50}, {200, 50}}, stroke);
+    EXPECT_EQ(qAlpha(image.pixel(5, 50)), 255);
+    EXPECT_EQ(qAlpha(image.pixel(6, 50)), 0);
+    EXPECT_EQ(qAlpha(image.pixel(11, 50)), 0);
+    EXPECT_EQ(qAlpha(image.pixel(12, 50)), 255);
+}
+
+TEST(PolylineShape, FarAwayPointsDoNoHarm) {
+    const std::vector<Point> points{{-1e300, 60}, {1e300, 60}, {1e300, -1e300}, {150, 1e12}, {150, -1e12}};
+    const QImage image = byContext(points, {.color = Color::black(), .width = 4});
+    EXPECT_EQ(qAlpha(image.pixel(20, 30)), 0);
+    EXPECT_EQ(qAlpha(image.pixel(150, 30)), 255);
 }
 
 TEST(PolylineShape, HasNoGapsAndNoSeams) {
@@ -111,20 +186,13 @@ TEST(PolylineShape, ATranslucentLineIsEvenWhereItCrossesItself) {
     EXPECT_NEAR(darkest, 128, 1);
 }
 
-TEST(PolylineShape, TakesManyPointsInPiecesAndOneWhereAsked) {
-    const auto points = wave(1440);
-    const Stroke stroke{.color = Color::black()};
-    EXPECT_EQ(polylineShapes(points, stroke, 1, false).size(), 45u);
-    EXPECT_EQ(polylineShapes(points, stroke, 1, true).size(), 1u);
-}
-
 TEST(PolylineShape, PassesOverRepeatedAndImpossiblePoints) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     const std::vector<Point> points{{20, 50}, {20, 50}, {nan, 3}, {60, 50}, {60, 50}};
     const QImage image = byContext(points, {.color = Color::black(), .width = 4});
     EXPECT_EQ(test::inkOf(image), QRect(20, 48, 40, 4));
-    EXPECT_TRUE(polylineShapes(std::vector<Point>{{1, 1}, {1, 1}}, {}, 1, false).empty());
-    EXPECT_TRUE(polylineShapes(std::vector<Point>{}, {}, 1, false).empty());
+    EXPECT_TRUE(test::inkOf(byContext({{1, 1}, {1, 1}}, {.color = Color::black(), .width = 4})).isEmpty());
+    EXPECT_TRUE(test::inkOf(byContext({}, {.color = Color::black(), .width = 4})).isEmpty());
 }
 
 TEST(PolylineShape, TurnsBackOnItself) {

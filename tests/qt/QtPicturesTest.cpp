@@ -59,6 +59,21 @@ void expectRightOffsets(const std::string& document) {
     EXPECT_GT(number, 5);
 }
 
+/// What the page shows, which is the longest of the compressed parts.
+std::string pageOf(const std::string& document) {
+    QByteArray longest;
+    const std::string opening = "stream\n";
+    for (std::size_t at = 0; (at = document.find("\n" + opening, at)) != std::string::npos;) {
+        at += 1 + opening.size();
+        const std::size_t end = document.find("endstream", at);
+        // Before the compressed bytes their length may stand, as large as one likes.
+        const QByteArray size = QByteArray::fromHex("00010000");
+        const QByteArray text = qUncompress(size + QByteArray::fromStdString(document.substr(at, end - at)));
+        if (text.size() > longest.size()) longest = text;
+    }
+    return longest.toStdString();
+}
+
 void nothing(DrawingContext&) {}
 
 }  // namespace
@@ -139,6 +154,15 @@ TEST(QtPictures, DocumentAndPictureLookAlike) {
             EXPECT_NEAR(mean(document), mean(picture), 24) << x << ", " << y;
         }
     }
+}
+
+TEST(QtPictures, ALongLineHasWholeNumbersOfTwentiethsOfAPoint) {
+    const std::string document = pdf({100, 50}, [](DrawingContext& context) {
+        context.translate(1, 2);
+        context.strokePolyline({{9, 18}, {29.02, 37.96}, {39, 5}}, {.color = Color::black(), .width = 2});
+    });
+    EXPECT_THAT(pageOf(document), HasSubstr("40 w"));
+    EXPECT_THAT(pageOf(document), HasSubstr("200 400 m\n600 799 l\n800 140 l\n"));
 }
 
 TEST(QtPictures, APixelIsAPoint) {
