@@ -1,7 +1,5 @@
 #include "qt/PngWriter.h"
 
-#include <cmath>
-
 #ifdef ZOR_HAS_LIBDEFLATE
 #include <libdeflate.h>
 
@@ -10,6 +8,8 @@
 #include <span>
 #include <string_view>
 #include <vector>
+
+#include "qt/Deflate.h"
 #else
 #include <QBuffer>
 #endif
@@ -118,14 +118,10 @@ Buffer filteredRows(const QImage& image) {
 }
 
 bool appendCompressed(Bytes& file, const Buffer& data) {
-    const std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)> compressor(
-        libdeflate_alloc_compressor(compressionLevel), &libdeflate_free_compressor);
-    if (!compressor) return false;
-    Buffer compressed(libdeflate_zlib_compress_bound(compressor.get(), data.size));
-    const std::size_t written = libdeflate_zlib_compress(compressor.get(), data.bytes.get(), data.size,
-                                                         compressed.bytes.get(), compressed.size);
-    file.insert(file.end(), compressed.bytes.get(), compressed.bytes.get() + written);
-    return written > 0;
+    const QByteArray compressed =
+        deflated(QByteArrayView(data.bytes.get(), static_cast<qsizetype>(data.size)), compressionLevel);
+    file.insert(file.end(), compressed.begin(), compressed.end());
+    return !compressed.isEmpty();
 }
 
 }  // namespace

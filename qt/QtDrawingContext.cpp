@@ -7,6 +7,7 @@
 
 #include "qt/DashedLines.h"
 #include "qt/LevelGradient.h"
+#include "qt/PdfLines.h"
 #include "qt/PolylineShape.h"
 #include "qt/QtConversions.h"
 #include "qt/QtFonts.h"
@@ -92,48 +93,37 @@ QRectF wholePixels(const QRectF& device) {
     return {topLeft, bottomRight};
 }
 
-/// Lets the painter draw in the units of its device as long as it lives, where asked.
+/// Lets the painter draw in the units of its device as long as it lives.
 class InDeviceUnits {
 public:
-    InDeviceUnits(QPainter& painter, bool wanted)
-        : painter_(painter), transform_(painter.deviceTransform()), isActive_(wanted && transform_.isInvertible()) {
-        if (!isActive_) return;
+    explicit InDeviceUnits(QPainter& painter) : painter_(painter) {
         painter_.save();
-        painter_.setWorldTransform(transform_.inverted() * painter_.worldTransform());
+        painter_.setWorldTransform(painter_.deviceTransform().inverted() * painter_.worldTransform());
     }
-    ~InDeviceUnits() {
-        if (isActive_) painter_.restore();
-    }
+    ~InDeviceUnits() { painter_.restore(); }
     InDeviceUnits(const InDeviceUnits&) = delete;
     InDeviceUnits& operator=(const InDeviceUnits&) = delete;
 
-    bool isActive() const { return isActive_; }
-    /// To those units.
-    const QTransform& transform() const { return transform_; }
-
 private:
     QPainter& painter_;
-    QTransform transform_;
-    bool isActive_;
 };
 
-/// Whether lines are as wide in every direction, and not mirrored.
+/// The corners of a single area within straight lines; none for other paths.
+QPolygonF edgeOf(const Path& path) {
+    QPolygonF edge;
+    for (const Path::Element& element : path.elements()) {
+        const bool isFirst = edge.isEmpty();
+        if (element.verb == Path::Verb::close && !isFirst) continue;
+        if (element.verb != (isFirst ? Path::Verb::move : Path::Verb::line)) return {};
+        edge.append(zor::toQt(element.points[0]));
+    }
+    return edge;
+}
+
+/// Whether a line is as wide in every direction, and not mirrored.
 bool isSimilarity(const QTransform& transform) {
     return transform.type() <= QTransform::TxRotate && transform.m11() == transform.m22() &&
-           transform.m12() == -transform.m21();
-}
-
-QPolygonF wholeUnits(QPolygonF line) {
-    for (QPointF& point : line) point = {std::round(point.x()), std::round(point.y())};
-    return line;
-}
-
-QPainterPath wholeUnits(QPainterPath path) {
-    for (int index = 0; index < path.elementCount(); ++index) {
-        const QPainterPath::Element element = path.elementAt(index);
-        path.setElementPositionAt(index, std::round(element.x), std::round(element.y));
-    }
-    return path;
+           transform.m12() == -transform.m21() && transform.isInvertible();
 }
 
 double startOf(double start, double room, double used, double share) {
@@ -142,8 +132,8 @@ double startOf(double start, double room, double used, double share) {
 
 }  // namespace
 
-QtDrawingContext::QtDrawingContext(QPainter& painter)
-    : painter_(painter), isRaster_(painter.paintEngine()->type() == QPaintEngine::Raster) {
+QtDrawingContext::QtDrawingContext(QPainter& painter, PdfLines* lines)
+    : painter_(painter), lines_(lines), isRaster_(painter.paintEngine()->type() == QPaintEngine::Raster) {
     painter_.save();
     painter_.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     // Documents keep pictures as they are instead of as JPEG.
@@ -203,12 +193,6 @@ Rect QtDrawingContext::alignedToPixels(const Rect& rect) const {
     return {aligned.x(), aligned.y(), aligned.width(), aligned.height()};
 }
 
-/// Those of a document are finer than anybody sees.
-bool QtDrawingContext::hasFineUnits() const {
-    constexpr int leastUnitsPerInch = 1200;
-    return painter_.paintEngine()->type() == QPaintEngine::Pdf && painter_.device()->logicalDpiX() >= leastUnitsPerInch;
-}
-
 bool QtDrawingContext::hasParallelPixels() const {
     const QTransform device = painter_.deviceTransform();
     return isRaster_ && device.type() <= QTransform::TxScale && device.isInvertible();
@@ -220,14 +204,17 @@ void QtDrawingContext::fillPath(const Path& path, const Color& color) {
 
 void QtDrawingContext::fillPathWithGradient(const Path& path, const Gradient& gradient) {
     if (gradient.stops.empty() || fillWithLevelGradient(painter_, path, gradient)) return;
-    QPainterPath area = zor::toQt(path);
-    QBrush brush = toBrush(gradient);
-    const InDeviceUnits device(painter_, hasFineUnits());
-    if (device.isActive()) {
-        area = wholeUnits(device.transform().map(area));
-        brush.setTransform(device.transform());
+    const QTransform device = painter_.deviceTransform();
+    if (const QPolygonF edge = lines_ ? device.map(edgeOf(path)) : QPolygonF(); PdfLines::canHold(edge)) {
+        const InDeviceUnits units(painter_);
+        QPainterPath standIn;
+        standIn.setFillRule(Qt::WindingFill);
+        standIn.addPolygon(lines_->add(edge));
+        QBrush brush = toBrush(gradient);
+        brush.setTransform(device);
+        return painter_.fillPath(standIn, brush);
     }
-    painter_.fillPath(area, brush);
+    painter_.fillPath(zor::toQt(path), toBrush(gradient));
 }
 
 void QtDrawingContext::strokePath(const Path& path, const Stroke& stroke) {
@@ -249,10 +236,14 @@ void QtDrawingContext::strokePolyline(const std::vector<Point>& points, const St
     line.reserve(static_cast<qsizetype>(points.size()));
     for (const Point& point : points) line.append(zor::toQt(point));
     QPen pen = toPen(stroke);
-    const InDeviceUnits device(painter_, hasFineUnits() && isSimilarity(painter_.deviceTransform()));
-    if (device.isActive()) {
-        line = wholeUnits(device.transform().map(line));
-        pen.setWidthF(stroke.width * std::sqrt(device.transform().determinant()));
+    const QTransform device = painter_.deviceTransform();
+    // The outline of a translucent line is what Qt writes.
+    const bool isWritten = lines_ && stroke.color.alpha == 255 && isSimilarity(device);
+    if (const QPolygonF mapped = device.map(line); isWritten && PdfLines::canHold(mapped)) {
+        const InDeviceUnits units(painter_);
+        pen.setWidthF(stroke.width * std::sqrt(device.determinant()));
+        painter_.setPen(pen);
+        return painter_.drawPolyline(lines_->add(mapped));
     }
     painter_.setPen(pen);
     painter_.drawPolyline(line);

@@ -6,11 +6,14 @@ class QPainter;
 
 namespace zor {
 
+class PdfLines;
+
 /// Draws with a painter that the caller has begun on a widget, an image, a document or a printer. What is drawn is
 /// antialiased; the painter's state is as it was once the context is gone.
 class QtDrawingContext final : public DrawingContext {
 public:
-    explicit QtDrawingContext(QPainter& painter);
+    /// Into a document of fine units long lines may be put aside in `lines`.
+    explicit QtDrawingContext(QPainter& painter, PdfLines* lines = nullptr);
     ~QtDrawingContext() override;
     QtDrawingContext(const QtDrawingContext&) = delete;
     QtDrawingContext& operator=(const QtDrawingContext&) = delete;
@@ -37,9 +40,9 @@ public:
 
 private:
     bool hasParallelPixels() const;
-    bool hasFineUnits() const;
 
     QPainter& painter_;
+    PdfLines* lines_;
     /// Whether pixels are drawn, rather than a document that some other program turns into pixels.
     bool isRaster_;
     int saved_ = 0;

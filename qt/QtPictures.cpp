@@ -19,8 +19,7 @@ namespace {
 /// A larger picture would take more than a gigabyte of memory.
 constexpr double mostPixels = 1 << 28;
 
-/// Of a document, in each direction. Documents write whole numbers of such units in half the time and room that
-/// fractions take.
+/// Of a document: finer than anybody sees, so that long lines are of whole units, which take less room.
 constexpr int unitsPerPoint = 20;
 
 /// Qt writes a document's fonts in the order of a hash table, which differs between runs unless the table's seed is
@@ -53,15 +52,16 @@ std::shared_ptr<const Bytes> pdfOfDrawing(Size size, const Toolkit::Drawing& dra
     writer.setResolution(72 * unitsPerPoint);
     writer.setPageSize(QPageSize(whole, QPageSize::Point, {}, QPageSize::ExactMatch));
     writer.setPageMargins({});
+    PdfLines lines;
     QPainter painter;
     if (!painter.begin(&writer)) return {};
     painter.scale(unitsPerPoint, unitsPerPoint);
     painter.translate(0, whole.height() - page.height);
     {
-        QtDrawingContext context(painter);
+        QtDrawingContext context(painter, &lines);
         drawing(context);
     }
-    if (!painter.end() || !finishPdf(document, page)) return {};
+    if (!painter.end() || !finishPdf(document, page, lines)) return {};
     return std::make_shared<const Bytes>(document.begin(), document.end());
 }
 

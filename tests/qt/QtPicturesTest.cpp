@@ -165,6 +165,40 @@ TEST(QtPictures, ALongLineHasWholeNumbersOfTwentiethsOfAPoint) {
     EXPECT_THAT(pageOf(document), HasSubstr("200 400 m\n600 799 l\n800 140 l\n"));
 }
 
+TEST(QtPictures, LinesOfADocumentStayInTheirOrderAndClipsAndColors) {
+    if (!isInstalled("pdftoppm")) GTEST_SKIP();
+    const auto drawing = [](DrawingContext& context) {
+        context.fillRect({0, 0, 100, 60}, Color::white());
+        context.save();
+        context.clipToRect({200, 0, 10, 10});
+        context.strokePolyline({{0, 5}, {100, 5}}, {.color = Color::black(), .width = 4});
+        context.restore();
+        context.save();
+        context.clipToRect({0, 0, 50, 60});
+        context.strokePolyline({{10, 10}, {90, 10}}, {.color = Color::rgb(0xff0000), .width = 8});
+        context.restore();
+        context.strokePolyline({{10, 30}, {90, 30}}, {.color = Color::black().withAlpha(0.5), .width = 8});
+        context.strokePolyline({{30, 30}, {60, 30}}, {.color = Color::rgb(0x00ff00), .width = 8});
+        const Gradient fade{
+            .start = {0, 40}, .end = {0, 60}, .stops = {{0, Color::rgb(0x0000ff)}, {1, Color::rgb(0x0000ff)}}};
+        context.fillPathWithGradient(Path::rect({20, 40, 40, 10}), fade);
+    };
+    const test::TemporaryFolder folder;
+    const std::string file = folder.write("lines.pdf", pdf({100, 60}, drawing)).string();
+    output("pdftoppm -r 72 -png -singlefile " + file + " " + (folder / "lines").string());
+    const QImage page((folder / "lines.png").c_str());
+    ASSERT_EQ(page.size(), QSize(100, 60));
+    EXPECT_EQ(page.pixel(30, 4), qRgb(255, 255, 255));
+    EXPECT_EQ(page.pixel(30, 10), qRgb(255, 0, 0));
+    EXPECT_EQ(page.pixel(60, 10), qRgb(255, 255, 255));
+    EXPECT_NEAR(qRed(page.pixel(20, 30)), 127, 2);
+    EXPECT_EQ(page.pixel(45, 30), qRgb(0, 255, 0));
+    EXPECT_NEAR(qRed(page.pixel(80, 30)), 127, 2);
+    EXPECT_EQ(page.pixel(40, 45), qRgb(0, 0, 255));
+    EXPECT_EQ(page.pixel(40, 52), qRgb(255, 255, 255));
+    EXPECT_EQ(page.pixel(62, 45), qRgb(255, 255, 255));
+}
+
 TEST(QtPictures, APixelIsAPoint) {
     const auto png = pngOfDrawing({30, 20}, [](DrawingContext& context) {
         context.fillRect({10, 5, 8, 6}, Color{0x20, 0x40, 0x80, 0x80});
