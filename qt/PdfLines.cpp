@@ -13,10 +13,18 @@ constexpr int standInX = -5'000'000;
 constexpr int standInY = -5'000'000;
 constexpr double farthest = 4'000'000;
 
+/// In hundredths, finer than anybody sees, without zeros at the end.
 void appendNumber(QByteArray& text, double number) {
+    const long hundredths = std::lround(number * 100);
+    const int tenths = static_cast<int>(std::abs(hundredths) / 10 % 10),
+              rest = static_cast<int>(std::abs(hundredths) % 10);
     char digits[16];
-    const auto end = std::to_chars(digits, digits + sizeof digits, std::lround(number)).ptr;
-    text.append(digits, end - digits).append(' ');
+    const auto end = std::to_chars(digits, digits + sizeof digits, std::abs(hundredths) / 100).ptr;
+    if (hundredths < 0) text.append('-');
+    text.append(digits, end - digits);
+    if (tenths > 0 || rest > 0) text.append('.').append(static_cast<char>('0' + tenths));
+    if (rest > 0) text.append(static_cast<char>('0' + rest));
+    text.append(' ');
 }
 
 QByteArray pathOf(const QPolygonF& line) {

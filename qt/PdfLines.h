@@ -12,7 +12,7 @@ public:
     /// Whether a line, in units of the document, can be kept.
     static bool canHold(const QPolygonF& line);
 
-    /// Keeps it, rounded to whole units, and gives a line to be drawn in its place.
+    /// Keeps it, rounded to hundredths of a unit, and gives a line to be drawn in its place.
     QPolygonF add(const QPolygonF& line);
     bool isEmpty() const { return lines_.empty(); }
 

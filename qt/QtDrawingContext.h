@@ -12,7 +12,7 @@ class PdfLines;
 /// antialiased; the painter's state is as it was once the context is gone.
 class QtDrawingContext final : public DrawingContext {
 public:
-    /// Into a document of fine units long lines may be put aside in `lines`.
+    /// The long lines of a document are put aside in `lines` where it is given.
     explicit QtDrawingContext(QPainter& painter, PdfLines* lines = nullptr);
     ~QtDrawingContext() override;
     QtDrawingContext(const QtDrawingContext&) = delete;

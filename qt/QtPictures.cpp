@@ -19,9 +19,6 @@ namespace {
 /// A larger picture would take more than a gigabyte of memory.
 constexpr double mostPixels = 1 << 28;
 
-/// Of a document: finer than anybody sees, so that long lines are of whole units, which take less room.
-constexpr int unitsPerPoint = 20;
-
 /// Qt writes a document's fonts in the order of a hash table, which differs between runs unless the table's seed is
 /// fixed.
 class FixedHashSeed {
@@ -49,13 +46,12 @@ std::shared_ptr<const Bytes> pdfOfDrawing(Size size, const Toolkit::Drawing& dra
     QBuffer buffer(&document);
     buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
-    writer.setResolution(72 * unitsPerPoint);
+    writer.setResolution(72);
     writer.setPageSize(QPageSize(whole, QPageSize::Point, {}, QPageSize::ExactMatch));
     writer.setPageMargins({});
     PdfLines lines;
     QPainter painter;
     if (!painter.begin(&writer)) return {};
-    painter.scale(unitsPerPoint, unitsPerPoint);
     painter.translate(0, whole.height() - page.height);
     {
         QtDrawingContext context(painter, &lines);

@@ -25,11 +25,11 @@ QByteArray written(const QPolygonF& line) {
 TEST(PdfLines, TakeThePlacesOfWhatStandsForThem) {
     PdfLines lines;
     EXPECT_TRUE(lines.isEmpty());
-    const auto first = lines.add({{1.4, 2.6}, {-3, 4}, {5, 6}}), hidden = lines.add({{7, 7}, {8, 8}});
+    const auto first = lines.add({{1.4, 2.6281}, {-3.05, 4}, {5, 6}}), hidden = lines.add({{7, 7}, {8, 8}});
     const auto third = lines.add({{9, 10}, {11, 12}});
     EXPECT_FALSE(lines.isEmpty());
     EXPECT_EQ(lines.putInto("q\n" + written(first) + "S\n1 w\n" + written(third) + "f\nQ\n"),
-              "q\n1 3 m\n-3 4 l\n5 6 l\nS\n1 w\n9 10 m\n11 12 l\nf\nQ\n");
+              "q\n1.4 2.63 m\n-3.05 4 l\n5 6 l\nS\n1 w\n9 10 m\n11 12 l\nf\nQ\n");
     EXPECT_EQ(lines.putInto("0 0 m\n"), "0 0 m\n");
 }
 
