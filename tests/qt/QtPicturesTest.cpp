@@ -199,6 +199,31 @@ TEST(QtPictures, LinesOfADocumentStayInTheirOrderAndClipsAndColors) {
     EXPECT_EQ(page.pixel(62, 45), qRgb(255, 255, 255));
 }
 
+TEST(QtPictures, TheAreaBelowALineFadesInADocument) {
+    if (!isInstalled("pdftoppm")) GTEST_SKIP();
+    const test::TemporaryFolder folder;
+    const std::string file =
+        folder
+            .write("fade.pdf", pdf({100, 60},
+                                   [](DrawingContext& context) {
+                                       context.fillRect({0, 0, 100, 60}, Color::white());
+                                       context.translate(20, 10);
+                                       const Gradient fade{
+                                           .start = {0, 0},
+                                           .end = {0, 40},
+                                           .stops = {{0, Color::black().withAlpha(0.8)}, {1, Color::clear()}}};
+                                       context.fillPathWithGradient(Path::rect({0, 0, 60, 40}), fade);
+                                   }))
+            .string();
+    output("pdftoppm -r 72 -png -singlefile " + file + " " + (folder / "fade").string());
+    const QImage page((folder / "fade.png").c_str());
+    ASSERT_EQ(page.size(), QSize(100, 60));
+    EXPECT_NEAR(qRed(page.pixel(50, 11)), 59, 8);
+    EXPECT_NEAR(qRed(page.pixel(50, 30)), 153, 8);
+    EXPECT_NEAR(qRed(page.pixel(50, 48)), 247, 8);
+    EXPECT_EQ(page.pixel(15, 30), qRgb(255, 255, 255));
+}
+
 TEST(QtPictures, APixelIsAPoint) {
     const auto png = pngOfDrawing({30, 20}, [](DrawingContext& context) {
         context.fillRect({10, 5, 8, 6}, Color{0x20, 0x40, 0x80, 0x80});
