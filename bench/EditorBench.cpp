@@ -50,7 +50,9 @@ void sendMouse(QWidget& widget, QEvent::Type type, Qt::MouseButtons held, QPoint
 }
 
 /// Paints what has been damaged.
-void repaint() { QCoreApplication::processEvents(); }
+void repaint() {
+    QCoreApplication::processEvents();
+}
 
 /// A dashboard in edit mode.
 class Editor {
@@ -257,7 +259,8 @@ private:
     }
 
     void hitTest() {
-        row("hit test, bare place", {[&] { editor_.dashboard->objectUnderPoint(bare); }}, {[&] { scene_.itemAt(bare); }});
+        row("hit test, bare place", {[&] { editor_.dashboard->objectUnderPoint(bare); }},
+            {[&] { scene_.itemAt(bare); }});
     }
 
     void clipboard() {
@@ -267,6 +270,19 @@ private:
         row("copy of all to the pasteboard", {[&] { dashboard.copySelection({}); }}, {}, 3);
         row("paste of as many", {[&] { dashboard.paste({}); }, [&] { dashboard.undo({}); }}, {}, 3);
         dashboard.undo({});
+        row("undo of that paste", {[&] { dashboard.undo({}); }, [&] { dashboard.paste({}); }}, {}, 3);
+        const auto all = [&] {
+            dashboard.undo({});
+            dashboard.selectAllObjects();
+        };
+        row("deletion of all", {[&] { dashboard.deleteObject({}); }, all}, {}, 3);
+        row("undo of that deletion",
+            {[&] { dashboard.undo({}); },
+             [&] {
+                 dashboard.selectAllObjects();
+                 dashboard.deleteObject({});
+             }},
+            {}, 3);
         repaint();
     }
 

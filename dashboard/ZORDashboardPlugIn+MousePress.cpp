@@ -118,10 +118,8 @@ void ZORDashboardPlugIn::registerDragUndo(std::vector<Value> snapshots) {
 }
 
 std::shared_ptr<ZORWidgetHostView> ZORDashboardPlugIn::topmostWidgetAt(Point point) const {
-    const auto widgets = editView_->widgets();
-    const auto isHit = [&](const ZORWidgetHostView& widget) { return pointInRect(point, widget.frame()); };
-    const auto hit = std::find_if(widgets.rbegin(), widgets.rend(), isHit);
-    return hit == widgets.rend() ? nullptr : sharedWidget(*hit);
+    // Every child of the canvas is a widget.
+    return std::static_pointer_cast<ZORWidgetHostView>(editView_->topmostChildAt(point));
 }
 
 void ZORDashboardPlugIn::becomeFirstResponder() {

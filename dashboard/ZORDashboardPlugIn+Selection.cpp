@@ -1,7 +1,7 @@
 #include <algorithm>
-#include <unordered_set>
 
 #include "dashboard/ZORDashboardPlugIn.h"
+#include "host/foundation/AddressSet.h"
 
 namespace zor {
 
@@ -35,18 +35,17 @@ void ZORDashboardPlugIn::selectAllObjects() {
 // Asking the list for each of thousands would be quadratic, here and below.
 void ZORDashboardPlugIn::selectObjects(const WidgetList& widgets) {
     if (widgets.empty()) return;
-    std::unordered_set<const ZORWidgetHostView*> listed;
-    listed.reserve(selectedObjects_.size() + widgets.size());
+    AddressSet listed(selectedObjects_.size() + widgets.size());
     for (const auto& widget : selectedObjects_) listed.insert(widget.get());
     for (const auto& widget : widgets) {
         widget->setSelected(true);
-        if (listed.insert(widget.get()).second) selectedObjects_.push_back(widget);
+        if (listed.insert(widget.get())) selectedObjects_.push_back(widget);
     }
 }
 
 void ZORDashboardPlugIn::unselectObjects(const WidgetList& widgets) {
     if (widgets.empty()) return;
-    std::unordered_set<const ZORWidgetHostView*> leaving;
+    AddressSet leaving(widgets.size());
     for (const auto& widget : widgets) {
         widget->setSelected(false);
         leaving.insert(widget.get());

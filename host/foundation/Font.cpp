@@ -20,8 +20,13 @@ Font Font::named(std::string_view name, double size) {
 }
 
 Value ValueConversion<Font>::to(const Font& value) {
-    return Value::Dictionary{
-        {"family", value.family}, {"size", value.size}, {"bold", value.bold}, {"italic", value.italic}};
+    // In the order of the keys, each put behind the one before.
+    Value::Dictionary font;
+    font.emplace_hint(font.end(), "bold", value.bold);
+    font.emplace_hint(font.end(), "family", value.family);
+    font.emplace_hint(font.end(), "italic", value.italic);
+    font.emplace_hint(font.end(), "size", value.size);
+    return font;
 }
 
 std::optional<Font> ValueConversion<Font>::from(const Value& value) {

@@ -21,10 +21,6 @@ Span sharedSpan(double aStart, double aEnd, double bStart, double bEnd) {
 
 }  // namespace
 
-bool pointInRect(Point point, const Rect& rect) {
-    return !rect.isEmpty() && point.x >= rect.x && point.x < rect.maxX() && point.y >= rect.y && point.y < rect.maxY();
-}
-
 bool intersectsRect(const Rect& a, const Rect& b) {
     return !intersectionRect(a, b).isEmpty();
 }

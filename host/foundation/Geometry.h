@@ -35,7 +35,9 @@ struct Rect {
 };
 
 /// Inside: left and top edges count, right and bottom edges do not; an empty rectangle contains nothing.
-bool pointInRect(Point point, const Rect& rect);
+inline bool pointInRect(Point point, const Rect& rect) {
+    return !rect.isEmpty() && point.x >= rect.x && point.x < rect.maxX() && point.y >= rect.y && point.y < rect.maxY();
+}
 /// Whether the two share an area of positive size; touching edges do not count.
 bool intersectsRect(const Rect& a, const Rect& b);
 /// Whether `inner`, which must not be empty, lies wholly within `outer`, edges included.

@@ -1,5 +1,6 @@
 #include "host/foundation/KeyedArchiver.h"
 
+#include <algorithm>
 #include <array>
 #include <deque>
 #include <unordered_map>
@@ -67,6 +68,11 @@ private:
     };
     struct Identity {
         const void* address = nullptr;
+        Number number = 0;
+    };
+    struct PlainDictionary {
+        /// The references to its keys, then to its values.
+        std::vector<Index> content;
         Number number = 0;
     };
 
@@ -167,6 +173,8 @@ private:
 
     Number dictionary(const Value& value) {
         const auto& dictionary = value.asDictionary();
+        // The root has a number of its own.
+        if (level_ > 0 && isSmallAndPlain(dictionary)) return plainDictionary(dictionary);
         return nested(value, &dictionary, StandardClass(dictionaryClass), [&] {
             const auto first = items_.size();
             for (const auto& [key, entry] : dictionary) {
@@ -176,6 +184,48 @@ private:
             items_.resize(first);
             putItems(archive::itemsKey, dictionary, [](const auto& entry) -> const Value& { return entry.second; });
         });
+    }
+
+    /// Fonts and their like. The bounds keep what is compared by content, each time it is met, small.
+    static bool isSmallAndPlain(const Value::Dictionary& dictionary) {
+        constexpr std::size_t mostEntries = 8;
+        constexpr std::size_t longestText = 100;
+        return dictionary.size() <= mostEntries && std::ranges::all_of(dictionary, [](const auto& entry) {
+                   const auto& [key, value] = entry;
+                   const bool isPlain = value.isBool() || value.isNumber() || value.isString() || value.isAbsent();
+                   return isPlain && key.size() <= longestText && value.asString().size() <= longestText;
+               });
+    }
+
+    /// Equal ones are one object, so that ten thousand labels of one font hold it once.
+    Number plainDictionary(const Value::Dictionary& dictionary) {
+        const auto first = items_.size();
+        for (const auto& [key, entry] : dictionary) {
+            if (!entry.isAbsent()) items_.push_back(objects_[text(key)].reference);
+        }
+        for (const auto& [key, entry] : dictionary) {
+            if (!entry.isAbsent()) items_.push_back(reference(entry));
+        }
+        const auto content = std::span(items_).subspan(first);
+        std::uint64_t hash = 0;
+        for (const Index each : content) hash = hashOfBits(hash + each);
+        const auto found = plainIndex_.findOrMake(
+            hash, [&](FlatIndex::Number known) { return std::ranges::equal(plain_[known].content, content); },
+            [&] {
+                const auto half = content.size() / 2;
+                plain_.push_back({{content.begin(), content.end()}, addObject()});
+                const auto outerFirst = std::exchange(firstEntry_, entries_.size());
+                put(archive::keysKey, list_.addArray(content.first(half)));
+                put(archive::itemsKey, list_.addArray(content.last(half)));
+                finish(plain_.back().number, classNumber(StandardClass(dictionaryClass)));
+                firstEntry_ = outerFirst;
+                objects_[plain_.back().number].height = 1;
+                return static_cast<FlatIndex::Number>(plain_.size() - 1);
+            });
+        items_.resize(first);
+        if (level_ == archive::deepestLevel) failTooDeep();
+        height_ = std::max(height_, std::uint32_t{1});
+        return plain_[found].number;
     }
 
     template <typename Container, typename ValueOf>
@@ -303,6 +353,8 @@ private:
     /// Kept alive, so that nothing else can come to live at a known address.
     std::deque<Value> kept_;
     FlatIndex identityIndex_;
+    std::vector<PlainDictionary> plain_;
+    FlatIndex plainIndex_;
     std::unordered_map<const void*, Number> classNumbers_;
     std::array<std::optional<Index>, 256> keys_;
     Number null_ = 0;

@@ -17,8 +17,9 @@ namespace zor {
 class KeyedArchiver {
 public:
     /// Objects, strings, numbers, arrays and dictionaries may be the root. Absent entries of arrays and dictionaries
-    /// are left out. Of values under one key of an object the last one counts. Fails only where an object's class is
-    /// not registered, text is not UTF-8 or the graph nests deeper than 512 levels; the error names the key.
+    /// are left out. Equal small dictionaries of plain values are stored once. Of values under one key of an object the
+    /// last one counts. Fails only where an object's class is not registered, text is not UTF-8 or the graph nests
+    /// deeper than 512 levels; the error names the key.
     static Result<Bytes> archivedDataWithRootObject(const Value& root);
 };
 

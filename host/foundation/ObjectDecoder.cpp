@@ -6,9 +6,8 @@ std::optional<PropertyList::Index> ObjectDecoder::find(std::string_view key) con
     std::string escaped;
     if (key.starts_with('$')) key = escaped = '$' + std::string(key);
     for (std::size_t tried = 0; tried < keys_.size(); ++tried) {
-        if (cursor_ == keys_.size()) cursor_ = 0;
-        const std::size_t position = cursor_++;
-        if (list_.string(keys_[position]) == key) return values_[position];
+        if (list_.string(keys_[cursor_]) == key) return values_[cursor_];
+        if (++cursor_ == keys_.size()) cursor_ = 0;
     }
     return {};
 }

@@ -50,7 +50,7 @@ private:
     const std::span<const PropertyList::Index> keys_;
     const std::span<const PropertyList::Index> values_;
     const ArchiveReader::Number number_;
-    /// Values are mostly asked for in the order in which they were written: behind the last key found is the next.
+    /// At the last key found. Values are mostly asked for in the order in which they were written, or asked for twice.
     mutable std::size_t cursor_ = 0;
     ArchiveFailure failure_;
 };

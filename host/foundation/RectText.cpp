@@ -12,8 +12,31 @@ namespace zor {
 
 namespace {
 
+using Digits = std::array<char, 64>;
+
+std::string_view writtenNumber(double value, Digits& digits) {
+    if (std::isnan(value)) return "nan";
+    // A plain number reads better than an exponent, as long as it stays short.
+    const double magnitude = std::abs(value);
+    const bool plain = magnitude == 0 || (magnitude >= 1e-6 && magnitude < 1e17);
+    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                       plain ? std::chars_format::fixed : std::chars_format::scientific);
+    return {digits.data(), written.ptr};
+}
+
+void appendPair(std::string& text, double first, double second) {
+    Digits digits;
+    text += '{';
+    text += writtenNumber(first, digits);
+    text += ", ";
+    text += writtenNumber(second, digits);
+    text += '}';
+}
+
 std::string pairText(double first, double second) {
-    return "{" + shortestNumber(first) + ", " + shortestNumber(second) + "}";
+    std::string text;
+    appendPair(text, first, second);
+    return text;
 }
 
 /// Reads one pass from left to right; each step says whether it found what it looks for, spaces before it skipped.
@@ -56,8 +79,8 @@ public:
 
 private:
     void skipSpace() {
-        const auto start = rest_.find_first_not_of(" \t\r\n\f\v");
-        rest_.remove_prefix(start == std::string_view::npos ? rest_.size() : start);
+        const auto isSpace = [](char c) { return c == ' ' || (c >= '\t' && c <= '\r'); };
+        while (!rest_.empty() && isSpace(rest_.front())) rest_.remove_prefix(1);
     }
 
     std::string_view rest_;
@@ -97,14 +120,8 @@ std::optional<Point> readPair(std::string_view text, std::string_view firstName,
 }  // namespace
 
 std::string shortestNumber(double value) {
-    if (std::isnan(value)) return "nan";
-    // A plain number reads better than an exponent, as long as it stays short.
-    const double magnitude = std::abs(value);
-    const bool plain = magnitude == 0 || (magnitude >= 1e-6 && magnitude < 1e17);
-    std::array<char, 64> digits;
-    const auto written = std::to_chars(digits.data(), digits.data() + digits.size(), value,
-                                       plain ? std::chars_format::fixed : std::chars_format::scientific);
-    return {digits.data(), written.ptr};
+    Digits digits;
+    return std::string(writtenNumber(value, digits));
 }
 
 std::string stringFromPoint(Point point) {
@@ -116,7 +133,14 @@ std::string stringFromSize(Size size) {
 }
 
 std::string stringFromRect(const Rect& rect) {
-    return "{" + stringFromPoint(rect.origin()) + ", " + stringFromSize(rect.size()) + "}";
+    std::string text;
+    text.reserve(48);
+    text += '{';
+    appendPair(text, rect.x, rect.y);
+    text += ", ";
+    appendPair(text, rect.width, rect.height);
+    text += '}';
+    return text;
 }
 
 Point pointFromString(std::string_view text) {

@@ -53,7 +53,7 @@ bool ZORInstrumentView::initWithCoder(Decoder& decoder) {
     for (const auto& setting : settings()) {
         // A refused value leaves the default, which is all that can be done with a bad file.
         if (decoder.containsValueForKey(setting.name)) {
-            (void)applySetting(*this, settings(), setting.name, storedValue(decoder, setting));
+            (void)applySetting(*this, setting, storedValue(decoder, setting));
         }
     }
     return true;

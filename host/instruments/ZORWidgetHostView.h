@@ -104,6 +104,7 @@ public:
     void mouseUp(const EventPtr& event) override;
     /// The widget stands for its instrument; only a canvas takes events itself.
     View* hitTest(Point point) override;
+    bool keepsWithinFrame() const override { return true; }
     /// White paper under a canvas.
     void drawRect(DrawingContext& context, const Rect& dirty) override;
     /// The selection look and the resize handle.

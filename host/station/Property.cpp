@@ -67,13 +67,25 @@ std::string Property::stringForFormat(std::string_view format) const {
     return formatValue(valueInUnit(), *unit_, format);
 }
 
+void Property::addObserver(PropertyObserver* observer) {
+    if (isObservedBy(*observer)) return;
+    observer->place_ = observers_.size();
+    observers_.push_back(observer);
+}
+
 void Property::removeObserver(PropertyObserver* observer) {
-    if (notifying_ == 0) {
-        std::erase(observers_, observer);
-    } else {
-        // Whoever is told right now goes by position.
-        std::ranges::replace(observers_, observer, nullptr);
-    }
+    if (!isObservedBy(*observer)) return;
+    observers_[observer->place_] = nullptr;
+    ++gaps_;
+    closeGaps();
+}
+
+void Property::closeGaps() {
+    // Whoever tells right now goes by position.
+    if (notifying_ > 0 || 2 * gaps_ < observers_.size()) return;
+    std::erase(observers_, nullptr);
+    gaps_ = 0;
+    for (std::size_t place = 0; place < observers_.size(); ++place) observers_[place]->place_ = place;
 }
 
 void Property::notifyObservers() {
@@ -84,7 +96,8 @@ void Property::notifyObservers() {
     for (std::size_t index = 0; index < count; ++index) {
         if (auto* observer = observers_[index]) observer->propertyDidChange();
     }
-    if (--notifying_ == 0) std::erase(observers_, nullptr);
+    --notifying_;
+    closeGaps();
 }
 
 void Property::encodeWithCoder(Encoder& encoder) {

@@ -12,11 +12,16 @@
 
 namespace zor {
 
-/// Told when a property's value, unit or freshness changed.
+/// Told when a property's value, unit or freshness changed. Observes one property at a time.
 class PropertyObserver {
 public:
     virtual ~PropertyObserver() = default;
     virtual void propertyDidChange() = 0;
+
+private:
+    friend class Property;
+    /// Among the property's observers, so that thousands leave in linear time.
+    std::size_t place_ = 0;
 };
 
 /// One named measurement of a station.
@@ -50,8 +55,9 @@ public:
     /// The value as text by the name of a format (see ValueFormats.h); "--" without a value.
     std::string stringForFormat(std::string_view format) const;
 
-    /// Observers may add and remove observers, themselves included, while they are told.
-    void addObserver(PropertyObserver* observer) { observers_.push_back(observer); }
+    /// Observers are told in the order in which they came, each once. They may add and remove observers, themselves
+    /// included, while they are told; one that is added then is not told before the next change.
+    void addObserver(PropertyObserver* observer);
     void removeObserver(PropertyObserver* observer);
     void notifyObservers();
 
@@ -63,6 +69,10 @@ private:
     void setUnitName(const std::string& shortName);
     void setValueInUnit(std::optional<double> value);
     std::string text() const;
+    bool isObservedBy(const PropertyObserver& observer) const {
+        return observer.place_ < observers_.size() && observers_[observer.place_] == &observer;
+    }
+    void closeGaps();
 
     std::string name_;
     std::string displayName_;
@@ -72,7 +82,9 @@ private:
     Seconds receivedAt_ = 0;
     Seconds lifetime_ = 0;
     bool noticedAge_ = false;
+    /// Those that left are gaps, until there are as many gaps as observers and nobody is being told.
     std::vector<PropertyObserver*> observers_;
+    std::size_t gaps_ = 0;
     int notifying_ = 0;
 };
 

@@ -154,8 +154,7 @@ void SiteDocument::separateWindowClosed(const WindowController* controller) {
 void SiteDocument::titleChanged(const ZORPlugIn& plugIn) {
     for (const auto& controller : separateWindows_) {
         if (controller->contentViewController().get() != &plugIn) continue;
-        ask(controller->window(),
-            [&](Window& window) { window.setTitle(SiteWindowController::shownTitle(plugIn)); });
+        ask(controller->window(), [&](Window& window) { window.setTitle(SiteWindowController::shownTitle(plugIn)); });
     }
 }
 
@@ -181,7 +180,8 @@ void SiteDocument::close() {
 void SiteDocument::encodeWithCoder(Encoder& encoder) {
     Object::encodeWithCoder(encoder);
     encoder.encodeValue("agent", agent_);
-    encoder.encodeObjects("plugIns", siteWindowController_->plugIns());
+    // Archived without a title, a plug-in may take one.
+    siteWindowController_->changeTitles([&] { encoder.encodeObjects("plugIns", siteWindowController_->plugIns()); });
     encoder.encodeObjects("entryPlugIns", entryPlugIns_);
     encoder.encodeInteger("selectedPlugIn", siteWindowController_->selectedIndex());
 }

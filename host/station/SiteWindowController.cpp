@@ -147,8 +147,24 @@ void SiteWindowController::notifyChanged() {
     notifyObserver();
 }
 
+void SiteWindowController::changeTitles(const std::function<void()>& work) {
+    const auto outer = std::exchange(titlesChanged_, titlesChanged_.value_or(false));
+    work();
+    const bool changed = titlesChanged_.value_or(false);
+    titlesChanged_ = outer ? std::optional(changed) : std::nullopt;
+    if (changed && !outer) notifyChanged();
+}
+
 void SiteWindowController::titleChanged(const ZORPlugIn& plugIn) {
-    if (indexOf(&plugIn) < plugIns_.size()) notifyChanged();
+    // Looking through the list for each of thousands would be quadratic.
+    const bool isKnown = titlesChanged_.value_or(false);
+    if (!isKnown && indexOf(&plugIn) < plugIns_.size()) {
+        if (titlesChanged_) {
+            titlesChanged_ = true;
+        } else {
+            notifyChanged();
+        }
+    }
     ask(document(), [&](SiteDocument& owner) { owner.titleChanged(plugIn); });
 }
 

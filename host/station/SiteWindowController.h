@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -77,6 +78,8 @@ public:
     void setObserver(std::function<void()> observer) { observer_ = std::move(observer); }
     /// The list or a title changed: the document is to be saved.
     void notifyChanged();
+    /// Runs `work`; the changes of titles that it makes are told of once, behind it.
+    void changeTitles(const std::function<void()>& work);
     /// From a plug-in; the list follows where it is there.
     void titleChanged(const ZORPlugIn& plugIn);
     /// The title in the list and of separate windows: "Untitled" where the plug-in has none.
@@ -98,6 +101,8 @@ private:
     std::shared_ptr<ZORPlugIn> shown_;
     Rect plugInFrame_;
     std::function<void()> observer_;
+    /// While titles are changed together, whether one in the list was.
+    std::optional<bool> titlesChanged_;
     mutable std::mutex snapshotMutex_;
     std::shared_ptr<const Snapshot> snapshot_;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -35,7 +36,13 @@ public:
     View* superview() const { return superview_; }
     /// Whether the receiver is `other` or lies somewhere below it.
     bool isDescendantOf(const View& other) const;
-    const std::vector<std::shared_ptr<View>>& subviews() const { return subviews_; }
+    const std::vector<std::shared_ptr<View>>& subviews() const {
+        if (hasGaps_) closeGaps();
+        return subviews_;
+    }
+    /// The topmost child whose frame contains the point, hidden or not; in the children's coordinates. Unlike hitTest
+    /// it asks no child.
+    std::shared_ptr<View> topmostChildAt(Point point) const;
     /// On top of the others; a view that is already a child moves to the top, one of another parent leaves it.
     /// A view is never added to itself or to a view inside it.
     virtual void addSubview(const std::shared_ptr<View>& view);
@@ -70,6 +77,9 @@ public:
     Rect convertRectToView(const Rect& rect, const View* view) const;
     /// The topmost visible view at a point in the parent's coordinates: itself, a descendant or none.
     virtual View* hitTest(Point point);
+    /// Whether the view, now and ever, neither shows nor is hit outside of its frame: then, among many, it is not asked
+    /// for what lies elsewhere.
+    virtual bool keepsWithinFrame() const { return false; }
 
     /// Draws the view's own content in its own coordinates; children draw after it, on top.
     virtual void drawRect(DrawingContext&, const Rect& /*dirty*/) {}
@@ -124,13 +134,19 @@ protected:
 private:
     /// What few views have, so that the others stay small.
     struct Extras;
+    struct ChildFrame;
     Extras& extras();
     const View& root() const;
     bool mayAdopt(const View* view) const;
     void leaveTree();
-    std::size_t indexOf(const View& child) const;
     void insertChild(std::shared_ptr<View> child, std::size_t index);
-    void takeChild(std::size_t index);
+    void appendChild(std::shared_ptr<View> child);
+    void takeChild(const View& leaving);
+    void closeGaps() const;
+    void placeChildren(std::size_t first) const;
+    void noteChildren(std::size_t first);
+    const ChildFrame* childFrames() const;
+    void storeFrame(const Rect& frame);
     void announce(void (View::*hook)());
     Point originInParent() const;
     Point originInWindow() const;
@@ -139,13 +155,17 @@ private:
     void drawPicture(DrawingContext& context, const Rect& rect);
 
     Rect frame_;
-    View* superview_ = nullptr;
-    Window* window_ = nullptr;
-    std::vector<std::shared_ptr<View>> subviews_;
-    std::weak_ptr<Responder> nextResponder_;
-    std::unique_ptr<Extras> extras_;
+    /// Among the parent's children, gaps included.
+    std::uint32_t place_ = 0;
     bool hidden_ = false;
     bool translatesAutoresizing_ = true;
+    mutable bool hasGaps_ = false;
+    View* superview_ = nullptr;
+    Window* window_ = nullptr;
+    /// Children that left are gaps until somebody looks, so that thousands leave in linear time.
+    mutable std::vector<std::shared_ptr<View>> subviews_;
+    std::weak_ptr<Responder> nextResponder_;
+    std::unique_ptr<Extras> extras_;
 };
 
 }  // namespace zor

@@ -20,6 +20,8 @@ void View::setNeedsDisplayInRect(const Rect& rect) {
         const auto observer = extras_->changeObserver;
         observer();
     }
+    // Most of what is set of a view is set before anybody sees it.
+    if (!superview_ && !window_) return;
     Rect damaged = clipsToBounds() ? intersectionRect(rect, bounds()) : rect;
     for (const View* view = this; !view->hidden_ && !damaged.isEmpty(); view = view->superview_) {
         const Point origin = view->originInParent();
@@ -55,7 +57,8 @@ void View::drawSubtree(DrawingContext& context, const Rect& dirty, bool withOver
 }
 
 void View::drawChildren(DrawingContext& context, const Rect& visible, bool withOverlays) {
-    if (subviews_.empty()) return;
+    const auto& children = subviews();
+    if (children.empty()) return;
     Rect shown = visible;
     const bool narrowed = clipsToBounds() && childrenClip() != bounds();
     if (narrowed) {
@@ -64,7 +67,11 @@ void View::drawChildren(DrawingContext& context, const Rect& visible, bool withO
         context.clipToRect(childrenClip());
     }
     const Point shift = childrenOrigin();
-    for (const auto& child : subviews_) {
+    const ChildFrame* const noted = childFrames();
+    for (std::size_t index = 0; index < children.size(); ++index) {
+        const bool mayBePassedOver = noted && noted[index].keepsWithinFrame;
+        if (mayBePassedOver && !intersectsRect(shown, offsetRect(noted[index].frame, shift.x, shift.y))) continue;
+        const auto& child = children[index];
         if (child->hidden_) continue;
         const Rect place = offsetRect(child->frame_, shift.x, shift.y);
         if (!intersectsRect(shown, place) && child->clipsToBounds()) continue;

@@ -195,4 +195,34 @@ inline Value again(const Value& root) {
     return back ? *back : Value("error: " + back.error().message);
 }
 
+/// What an archive holds, read as a plain property list.
+class Archived {
+public:
+    explicit Archived(const Value& root) {
+        registerClasses();
+        const auto data = KeyedArchiver::archivedDataWithRootObject(root);
+        EXPECT_TRUE(data) << data.error().message;
+        const auto list = PropertyList::parse(*data);
+        EXPECT_TRUE(list);
+        top = *list->value(list->root());
+    }
+
+    const Value& object(std::int64_t number) const {
+        return top["$objects"].asArray().at(static_cast<std::size_t>(number));
+    }
+    const Value& at(const Value& reference) const { return object(reference["CF$UID"].asInteger()); }
+    std::size_t count(const Value& value) const {
+        const auto& objects = top["$objects"].asArray();
+        return static_cast<std::size_t>(std::count(objects.begin(), objects.end(), value));
+    }
+
+    Value top;
+};
+
+inline std::string faultOfArchiving(const Value& root) {
+    registerClasses();
+    const auto data = KeyedArchiver::archivedDataWithRootObject(root);
+    return data ? "no error" : data.error().message;
+}
+
 }  // namespace zor::archivetest

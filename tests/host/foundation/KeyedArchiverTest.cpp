@@ -12,30 +12,6 @@ namespace {
 
 using namespace archivetest;
 
-/// What an archive holds, read as a plain property list.
-class Archived {
-public:
-    explicit Archived(const Value& root) {
-        registerClasses();
-        const auto data = KeyedArchiver::archivedDataWithRootObject(root);
-        EXPECT_TRUE(data) << data.error().message;
-        const auto list = PropertyList::parse(*data);
-        EXPECT_TRUE(list);
-        top = *list->value(list->root());
-    }
-
-    const Value& object(std::int64_t number) const {
-        return top["$objects"].asArray().at(static_cast<std::size_t>(number));
-    }
-    const Value& at(const Value& reference) const { return object(reference["CF$UID"].asInteger()); }
-    std::size_t count(const Value& value) const {
-        const auto& objects = top["$objects"].asArray();
-        return static_cast<std::size_t>(std::count(objects.begin(), objects.end(), value));
-    }
-
-    Value top;
-};
-
 Value reference(std::int64_t number) {
     return Value::Dictionary{{"CF$UID", number}};
 }
@@ -44,12 +20,6 @@ std::shared_ptr<Node> nodeNamed(std::string name) {
     auto node = std::make_shared<Node>();
     node->name = std::move(name);
     return node;
-}
-
-std::string faultOfArchiving(const Value& root) {
-    registerClasses();
-    const auto data = KeyedArchiver::archivedDataWithRootObject(root);
-    return data ? "no error" : data.error().message;
 }
 
 TEST(KeyedArchiver, WritesTheFourTopKeys) {

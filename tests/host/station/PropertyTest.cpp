@@ -219,5 +219,67 @@ TEST_F(PropertyTest, ReadsBackWithoutItsValue) {
     EXPECT_EQ(read->value(), std::nullopt);
 }
 
+TEST_F(PropertyTest, ObserversAreToldInTheOrderInWhichTheyCame) {
+    std::vector<int> told;
+    std::vector<Observer> many(100);
+    for (int index = 0; index < 100; ++index) {
+        many[static_cast<std::size_t>(index)].action = [&told, index] { told.push_back(index); };
+        property->addObserver(&many[static_cast<std::size_t>(index)]);
+    }
+    // Most leave, from both ends, and one comes back: it is the last then.
+    for (std::size_t index = 0; index < 40; ++index) property->removeObserver(&many[index]);
+    for (std::size_t index = 99; index > 42; --index) property->removeObserver(&many[index]);
+    property->addObserver(&many[7]);
+    property->setValue(20.0, 1000);
+    EXPECT_EQ(told, (std::vector{40, 41, 42, 7}));
+    for (auto& each : many) property->removeObserver(&each);
+    property->setValue(21.0, 1000);
+    EXPECT_EQ(told.size(), 4u);
+    EXPECT_EQ(observer.changes, 2);
+}
+
+TEST_F(PropertyTest, AnObserverThatIsAddedTwiceIsToldOnce) {
+    property->addObserver(&observer);
+    property->setValue(20.0, 1000);
+    EXPECT_EQ(observer.changes, 1);
+    property->removeObserver(&observer);
+    property->setValue(21.0, 1000);
+    EXPECT_EQ(observer.changes, 1);
+    // Nor does it matter that it is gone.
+    property->removeObserver(&observer);
+}
+
+TEST_F(PropertyTest, AllObserversMayLeaveWhileTheFirstIsTold) {
+    std::vector<Observer> many(50);
+    for (auto& each : many) property->addObserver(&each);
+    Observer late;
+    observer.action = [&] {
+        for (auto& each : many) property->removeObserver(&each);
+        property->addObserver(&late);
+    };
+    property->setValue(20.0, 1000);
+    EXPECT_EQ(observer.changes, 1);
+    for (const auto& each : many) EXPECT_EQ(each.changes, 0);
+    EXPECT_EQ(late.changes, 0);
+    observer.action = {};
+    property->setValue(21.0, 1000);
+    EXPECT_EQ(observer.changes, 2);
+    EXPECT_EQ(late.changes, 1);
+    property->removeObserver(&late);
+}
+
+TEST_F(PropertyTest, AHundredThousandObserversComeAndGo) {
+    std::vector<Observer> many(100'000);
+    for (auto& each : many) property->addObserver(&each);
+    property->setValue(20.0, 1000);
+    // Those at odd places first.
+    for (std::size_t index = 1; index < many.size(); index += 2) property->removeObserver(&many[index]);
+    for (std::size_t index = 0; index < many.size(); index += 2) property->removeObserver(&many[index]);
+    property->setValue(21.0, 1000);
+    EXPECT_EQ(many.front().changes, 1);
+    EXPECT_EQ(many.back().changes, 1);
+    EXPECT_EQ(observer.changes, 2);
+}
+
 }  // namespace
 }  // namespace zor

@@ -235,6 +235,31 @@ TEST_F(SiteWindowControllerTest, TitlesAreLeftAloneUnlessAsked) {
     EXPECT_THAT(titles(), ElementsAre("Weather", "Weather", "Untitled"));
 }
 
+TEST_F(SiteWindowControllerTest, TitlesThatChangeTogetherAreToldOfOnce) {
+    const auto first = add("First");
+    const auto second = add("Second");
+    const auto stranger = make("Stranger");
+    document->setDirty(false);
+    int told = 0;
+    controller->setObserver([&] { ++told; });
+    controller->changeTitles([&] {
+        first->setTitle("A");
+        second->setTitle("B");
+        controller->changeTitles([&] { first->setTitle("C"); });
+        EXPECT_EQ(told, 0);
+    });
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(document->isDirty());
+    const auto items = controller->itemsWithRepresentedObjectsOfClass(TestPlugIn::staticClass());
+    EXPECT_EQ(items[0].title, "C");
+    EXPECT_EQ(items[1].title, "B");
+    controller->changeTitles([&] { stranger->setTitle("D"); });
+    controller->changeTitles([] {});
+    EXPECT_EQ(told, 1);
+    first->setTitle("E");
+    EXPECT_EQ(told, 2);
+}
+
 TEST_F(SiteWindowControllerTest, ThePlugInFrameResizesContentAndView) {
     const auto weather = add("Weather", true);
     controller->setPlugInFrame({20, 10, 300, 200});
