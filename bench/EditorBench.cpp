@@ -276,6 +276,7 @@ private:
             dashboard.selectAllObjects();
         };
         row("deletion of all", {[&] { dashboard.deleteObject({}); }, all}, {}, 3);
+        dashboard.undo({});
         row("undo of that deletion",
             {[&] { dashboard.undo({}); },
              [&] {
