@@ -1,22 +1,23 @@
 #include "app/Commands.h"
 #include "app/Runtime.h"
 #include "app/SiteSession.h"
+#include "app/StationSource.h"
 
 namespace zor {
 
 namespace {
 
 int run(std::span<const std::string> words) {
-    static constexpr std::array<std::string_view, 5> options{"--driver", "--file", "--name", "--units", "-o"};
+    static constexpr std::array<std::string_view, 4> options{"--source", "--name", "--units", "-o"};
     const auto arguments = Arguments::parse(words, options);
     if (!arguments) return failUsage(newCommand, arguments.error().message);
     if (!arguments->words().empty()) return failUsage(newCommand, "unexpected " + arguments->words()[0]);
     const auto output = arguments->option("-o");
     if (!output) return failUsage(newCommand, "say where to write with -o FILE.site");
 
-    AgentConfiguration configuration;
-    configuration.driver = arguments->option("--driver").value_or("simulator");
-    if (const auto file = arguments->option("--file")) configuration.settings["file"] = *file;
+    auto source = configurationOfSource(arguments->option("--source").value_or("simulated"));
+    if (!source) return failUsage(newCommand, source.error().message);
+    AgentConfiguration configuration = std::move(*source);
     if (const auto name = arguments->option("--name")) configuration.settings["name"] = *name;
     if (const auto units = arguments->option("--units")) {
         configuration.unitSystem = unitSystemNamed(*units);
@@ -35,8 +36,8 @@ int run(std::span<const std::string> words) {
 
 }  // namespace
 
-const Command newCommand{
-    "new", "new [--driver simulator|weewx] [--file ARCHIVE] [--name NAME] [--units metric|us|uk|si] -o FILE.site",
-    "Makes a Site Document with every dashboard of the catalogue.", run};
+const Command newCommand{"new",
+                         "new [--source simulated|weewx:FILE] [--name NAME] [--units metric|us|uk|si] -o FILE.site",
+                         "Makes a Site Document with every dashboard of the catalogue.", run};
 
 }  // namespace zor

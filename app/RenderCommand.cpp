@@ -3,6 +3,7 @@
 #include "app/Commands.h"
 #include "app/Runtime.h"
 #include "app/SiteSession.h"
+#include "app/StationSource.h"
 #include "host/foundation/SafeFile.h"
 
 namespace zor {
@@ -24,11 +25,15 @@ std::string listedTitles(const std::vector<std::shared_ptr<ZORPlugIn>>& dashboar
 }
 
 int run(std::span<const std::string> words) {
-    static constexpr std::array<std::string_view, 3> options{"--dashboard", "-o", "--output"};
+    static constexpr std::array<std::string_view, 4> options{"--dashboard", "--source", "-o", "--output"};
     const auto arguments = Arguments::parse(words, options);
     if (!arguments) return failUsage(renderCommand, arguments.error().message);
     const auto output = arguments->option("-o") ? arguments->option("-o") : arguments->option("--output");
-    if (arguments->words().size() != 1) return failUsage(renderCommand, "name one SITE");
+    const auto source = arguments->option("--source");
+    if (arguments->words().size() + (source ? 1 : 0) != 1) return failUsage(renderCommand, "name one SITE or --source");
+    if (const auto known = source ? configurationOfSource(*source) : AgentConfiguration(); !known) {
+        return fail(known.error().message);
+    }
     if (!output) return failUsage(renderCommand, "say where to write with -o FILE.png or -o FILE.pdf");
     const bool pdf = output->ends_with(".pdf");
     if (!pdf && !output->ends_with(".png")) {
@@ -36,7 +41,7 @@ int run(std::span<const std::string> words) {
     }
 
     HeadlessRuntime runtime;
-    auto session = SiteSession::open(arguments->words()[0], runtime.plugIns());
+    auto session = SiteSession::open(source ? *source : arguments->words()[0], runtime.plugIns());
     if (!session) return fail(session.error().message);
     (*session)->readOnce();
     if (!(*session)->trouble().empty()) fail((*session)->trouble());
@@ -50,8 +55,8 @@ int run(std::span<const std::string> words) {
                     "; there are: " + listedTitles(dashboards));
     }
     const Value scale = 1.0;
-    const Value picture = pdf ? dashboard->perform("pdfRepresentation")
-                              : dashboard->perform("pngImageWithScale:", {&scale, 1});
+    const Value picture =
+        pdf ? dashboard->perform("pdfRepresentation") : dashboard->perform("pngImageWithScale:", {&scale, 1});
     if (!picture.isData()) return fail("the dashboard has no size that can be drawn");
     const auto status = writeFileAtomically(*output, picture.asData());
     return status ? 0 : fail(status.error().message);
@@ -59,7 +64,7 @@ int run(std::span<const std::string> words) {
 
 }  // namespace
 
-const Command renderCommand{"render", "render SITE [--dashboard TITLE] -o FILE.png|FILE.pdf",
+const Command renderCommand{"render", "render SITE|--source SOURCE [--dashboard TITLE] -o FILE.png|FILE.pdf",
                             "Draws one dashboard with the station's current values.", run};
 
 }  // namespace zor

@@ -4,6 +4,7 @@
 #include "app/Commands.h"
 #include "app/Runtime.h"
 #include "app/SiteSession.h"
+#include "app/StationSource.h"
 #include "app/StationStore.h"
 #include "app/WebDefaults.h"
 #include "app/pages/SitePages.h"
@@ -36,7 +37,7 @@ void keepTokenFor(const std::string& site, WebServer::Options& options) {
     options.tokenFolder = webTokenFolder();
     std::error_code error;
     const auto path = std::filesystem::weakly_canonical(site, error);
-    options.site = site == "demo" || error ? site : path.string();
+    options.site = site == "demo" || namesSource(site) || error ? site : path.string();
 }
 
 void sayWhere(const std::string& name, const WebServer& server) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/StationSource.h"
 #include "host/instruments/StandardWidgets.h"
 #include "stations/history/HistoryStore.h"
 #include "stations/simulator/SimulatedStation.h"
@@ -31,8 +32,10 @@ Result<std::shared_ptr<SiteSession>> SiteSession::startNew(AgentConfiguration co
 }
 
 Result<std::shared_ptr<SiteSession>> SiteSession::open(const std::string& site, const PlugInLibrary& plugIns) {
-    if (site == "demo") {
-        auto session = startNew({}, plugIns);
+    if (site == "demo" || namesSource(site)) {
+        auto configuration = configurationOfSource(site == "demo" ? "simulated" : site);
+        if (!configuration) return configuration.error();
+        auto session = startNew(std::move(*configuration), plugIns);
         if (session) (*session)->addCatalogue();
         return session;
     }

@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "app/StationSource.h"
 #include "app/StationStore.h"
 #include "app/window/HelpWindow.h"
 #include "app/window/SiteWindow.h"
@@ -43,7 +44,7 @@ Desktop::Desktop(const PlugInLibrary& plugIns)
 Desktop::~Desktop() = default;
 
 bool Desktop::openSite(const QString& site, QWidget* parent) {
-    const bool isFile = site != demoSite;
+    const bool isFile = site != demoSite && !namesSource(site.toStdString());
     if (isFile) {
         const auto file = std::filesystem::weakly_canonical(site.toStdString());
         const auto open = std::ranges::find_if(windows_, [&](const auto& window) { return window->file() == file; });
@@ -80,7 +81,7 @@ bool Desktop::newSite(QWidget* parent) {
 
 void Desktop::openLast() {
     const QString last = QSettings().value(lastKey, demoSite).toString();
-    const bool gone = last != demoSite && !QFileInfo::exists(last);
+    const bool gone = last != demoSite && !namesSource(last.toStdString()) && !QFileInfo::exists(last);
     openSite(gone ? demoSite : last, nullptr);
     if (windows_.empty() && last != demoSite) openSite(demoSite, nullptr);
 }

@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <QToolBar>
 
+#include "app/StationSource.h"
 #include "app/window/Desktop.h"
 #include "app/window/PlugInList.h"
 #include "app/window/SeparateWindow.h"
@@ -146,6 +147,7 @@ void SiteWindow::refreshStatus() {
                                     : tr("no reading yet");
     const QString text = tr("%1: %2").arg(station, when);
     if (stationLabel_->text() != text) stationLabel_->setText(text);
+    stationLabel_->setToolTip(plainToolTip(QString::fromStdString(sourceOf(document().agent()->configuration()))));
     unlinkedLabel_->setText(unlinkedNotice(unlinkedInstrumentsOf(document()).size()));
     troubleLabel_->setText(QString::fromStdString(session_->trouble()));
 }

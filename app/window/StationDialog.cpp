@@ -9,13 +9,15 @@
 #include <QLocale>
 #include <QPushButton>
 
+#include "app/StationSource.h"
+
 namespace zor {
 
 StationDialog::StationDialog(QWidget* parent) : QDialog(parent) {
     setWindowTitle(tr("New Site"));
     driver_ = new QComboBox(this);
-    driver_->addItem(tr("Demo station (simulated)"), "simulator");
-    driver_->addItem(tr("weewx archive (SQLite)"), "weewx");
+    driver_->addItem(tr("simulated: the built-in demo station"), "simulated");
+    driver_->addItem(tr("weewx: an archive in SQLite"), "weewx:");
     file_ = new QLineEdit(this);
     file_->setPlaceholderText(tr("weewx.sdb"));
     browse_ = new QPushButton(tr("Choose..."), this);
@@ -52,15 +54,17 @@ StationDialog::StationDialog(QWidget* parent) : QDialog(parent) {
 }
 
 AgentConfiguration StationDialog::configuration() const {
-    AgentConfiguration configuration;
-    configuration.driver = driver_->currentData().toString().toStdString();
+    // The dialog is accepted with a file only.
+    const QString source = driver_->currentData().toString() + (readsArchive() ? file_->text() : QString());
+    AgentConfiguration configuration = configurationOfSource(source.toStdString()).valueOr({});
     configuration.unitSystem = unitSystemNamed(units_->currentData().toString().toStdString());
-    if (readsArchive()) configuration.settings["file"] = file_->text().toStdString();
     if (!name_->text().trimmed().isEmpty()) configuration.settings["name"] = name_->text().trimmed().toStdString();
     return configuration;
 }
 
-bool StationDialog::readsArchive() const { return driver_->currentData().toString() == "weewx"; }
+bool StationDialog::readsArchive() const {
+    return driver_->currentData().toString() == "weewx:";
+}
 
 void StationDialog::refresh() {
     file_->setEnabled(readsArchive());

@@ -95,6 +95,8 @@ class CommandLineTest(unittest.TestCase):
     def test_renders_a_dashboard_as_png_of_its_own_size(self):
         self.succeed("render", "demo", "--dashboard", "Quad Plots", "-o", "plots.png")
         self.assertEqual(png_size(self.path / "plots.png"), (1000, 776))
+        checked = subprocess.run(["pngcheck", self.path / "plots.png"], capture_output=True, text=True)
+        self.assertEqual(checked.returncode, 0, checked.stdout + checked.stderr)
 
     def test_renders_pdf_with_one_page_of_the_canvas_size_and_embedded_fonts(self):
         self.succeed("render", "demo", "--dashboard", "Quad Plots", "-o", "plots.pdf")
@@ -106,6 +108,8 @@ class CommandLineTest(unittest.TestCase):
         self.assertTrue(rows)
         for row in rows:
             self.assertEqual(row.split()[-5], "yes", row)
+        checked = subprocess.run(["qpdf", "--check", self.path / "plots.pdf"], capture_output=True, text=True)
+        self.assertEqual(checked.returncode, 0, checked.stdout + checked.stderr)
 
     def test_unknown_dashboard_is_refused_with_those_that_are_there(self):
         self.refuse('"Quad Plots"', "render", "demo", "--dashboard", "Five Plots", "-o", "x.png")
@@ -120,7 +124,7 @@ class CommandLineTest(unittest.TestCase):
 
     def test_new_document_of_a_weewx_archive_renders_its_values(self):
         archive = self.make_archive()
-        self.succeed("new", "--driver", "weewx", "--file", archive, "--units", "us", "-o", "home.site")
+        self.succeed("new", "--source", f"weewx:{archive}", "--units", "us", "-o", "home.site")
         self.succeed("render", "home.site", "--dashboard", "Current Weather", "-o", "now.pdf")
         text = subprocess.run(["pdftotext", self.path / "now.pdf", "-"], capture_output=True, text=True).stdout
         self.assertIn("70.0 °F", text)
@@ -128,12 +132,24 @@ class CommandLineTest(unittest.TestCase):
         self.assertEqual(sorted(each.name for each in self.path.iterdir() if each.name.startswith("weewx")),
                          ["weewx.sdb"])
 
+    def test_a_source_renders_without_a_document(self):
+        source = f"weewx:{self.make_archive()}"
+        for words in (["--source", source], [source]):
+            self.succeed("render", *words, "--dashboard", "Current Weather", "-o", "now.pdf")
+            text = subprocess.run(["pdftotext", self.path / "now.pdf", "-"], capture_output=True, text=True).stdout
+            self.assertIn("hPa", text)
+        self.succeed("render", "--source", "simulated", "--dashboard", "Quad Plots", "-o", "plots.png")
+        self.refuse("SITE or --source", "render", "demo", "--source", "simulated", "-o", "x.png")
+        self.refuse("barometric", "render", "--source", "barometric", "-o", "x.png")
+        self.refuse("gone.sdb", "render", "--source", "weewx:gone.sdb", "-o", "x.png")
+
     def test_missing_archive_is_named(self):
-        self.refuse("gone.sdb", "new", "--driver", "weewx", "--file", "gone.sdb", "-o", "x.site")
+        self.refuse("gone.sdb", "new", "--source", "weewx:gone.sdb", "-o", "x.site")
         self.assertFalse((self.path / "x.site").exists())
 
     def test_unknown_driver_and_units_are_named(self):
-        self.refuse("barometric", "new", "--driver", "barometric", "-o", "x.site")
+        self.refuse("barometric", "new", "--source", "barometric", "-o", "x.site")
+        self.refuse("weewx:FILE", "new", "--source", "weewx:", "-o", "x.site")
         self.refuse("furlongs", "new", "--units", "furlongs", "-o", "x.site")
 
     def test_a_document_is_a_keyed_archive_that_other_readers_open(self):
