@@ -87,7 +87,6 @@ void Runtime::begin(std::unique_ptr<QCoreApplication> application, std::unique_p
     QCoreApplication::setOrganizationName("station");
     QCoreApplication::setApplicationName("station");
     Toolkit::install(std::move(toolkit));
-    if (const auto folder = dataFolder()) keepWritingNotesIn(*folder / "unfinished");
     queueRunner_ = std::make_unique<MainQueueRunner>();
     registerInstrumentClasses();
     plugIns_ = PlugInLibrary::load(PlugInLibrary::standardFolders());
@@ -116,6 +115,8 @@ HeadlessRuntime::HeadlessRuntime(std::unique_ptr<Toolkit> (*makeToolkit)()) {
 DesktopRuntime::DesktopRuntime() {
     auto application = std::make_unique<QApplication>(argumentCount, argumentValues);
     begin(std::move(application), std::make_unique<QtToolkit>());
+    // A person saves here and there; scripts touch nothing but the files that they name.
+    if (const auto folder = dataFolder()) keepWritingNotesIn(*folder / "unfinished");
 }
 
 bool hasDisplay() {

@@ -70,6 +70,18 @@ bool isVisible(const Stroke& stroke) {
     return stroke.width > 0 && std::isfinite(stroke.width) && stroke.color.alpha > 0;
 }
 
+/// The same gradient after a transformation that keeps angles or leaves it along an axis.
+Gradient inDeviceUnits(Gradient gradient, const QTransform& device) {
+    const auto mapped = [&](Point point) {
+        const QPointF there = device.map(zor::toQt(point));
+        return Point{there.x(), there.y()};
+    };
+    gradient.start = mapped(gradient.start);
+    gradient.end = mapped(gradient.end);
+    gradient.radius *= std::sqrt(std::abs(device.determinant()));
+    return gradient;
+}
+
 QBrush toBrush(const Gradient& gradient) {
     QGradientStops stops;
     for (const GradientStop& stop : gradient.stops) {
@@ -204,17 +216,17 @@ void QtDrawingContext::fillPath(const Path& path, const Color& color) {
 
 void QtDrawingContext::fillPathWithGradient(const Path& path, const Gradient& gradient) {
     if (gradient.stops.empty() || fillWithLevelGradient(painter_, path, gradient)) return;
+    if (!lines_) return painter_.fillPath(zor::toQt(path), toBrush(gradient));
     const QTransform device = painter_.deviceTransform();
-    if (const QPolygonF edge = lines_ ? device.map(edgeOf(path)) : QPolygonF(); PdfLines::canHold(edge)) {
-        const InDeviceUnits units(painter_);
-        QPainterPath standIn;
-        standIn.setFillRule(Qt::WindingFill);
-        standIn.addPolygon(lines_->add(edge));
-        QBrush brush = toBrush(gradient);
-        brush.setTransform(device);
-        return painter_.fillPath(standIn, brush);
-    }
-    painter_.fillPath(zor::toQt(path), toBrush(gradient));
+    // Qt writes where a gradient's opacity begins and ends without regard to any transformation.
+    const QBrush brush = toBrush(inDeviceUnits(gradient, device));
+    const QPolygonF edge = device.map(edgeOf(path));
+    const InDeviceUnits units(painter_);
+    if (!PdfLines::canHold(edge)) return painter_.fillPath(device.map(zor::toQt(path)), brush);
+    QPainterPath standIn;
+    standIn.setFillRule(Qt::WindingFill);
+    standIn.addPolygon(lines_->add(edge));
+    painter_.fillPath(standIn, brush);
 }
 
 void QtDrawingContext::strokePath(const Path& path, const Stroke& stroke) {

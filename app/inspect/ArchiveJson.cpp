@@ -1,5 +1,6 @@
 #include "app/inspect/ArchiveJson.h"
 
+#include <algorithm>
 #include <string>
 #include <unordered_set>
 
@@ -83,8 +84,23 @@ private:
         if (uid >= objects_.size()) return {{"$outOfRange", uid}};
         const auto index = objects_[uid];
         if (list_.kind(index) != Kind::dictionary) return node(index, depth);
-        if (depth >= deepestNesting || !shown_.insert(uid).second) return {{"$ref", uid}};
+        const bool isKnown = !shown_.insert(uid).second;
+        if (depth >= deepestNesting || (isKnown && !isSmallValue(index))) return {{"$ref", uid}};
         return object(uid, index, depth);
+    }
+
+    /// A collection of a few plain values, as fonts are stored: it reads best in full wherever it is used.
+    bool isSmallValue(PropertyList::Index index) const {
+        constexpr std::size_t most = 16;
+        const auto items = list_.find(index, "NS.objects");
+        if (!items || list_.kind(*items) != Kind::array || list_.items(*items).size() > most) return false;
+        return std::ranges::all_of(list_.items(*items), [this](PropertyList::Index item) {
+            if (list_.kind(item) != Kind::uid) return list_.kind(item) != Kind::array;
+            const auto uid = list_.uid(item);
+            if (uid >= objects_.size()) return true;
+            const auto kind = list_.kind(objects_[uid]);
+            return kind != Kind::dictionary && kind != Kind::array;
+        });
     }
 
     Json object(std::uint64_t uid, PropertyList::Index index, int depth) {

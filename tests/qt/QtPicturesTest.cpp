@@ -208,10 +208,10 @@ TEST(QtPictures, TheAreaBelowALineFadesInADocument) {
                                    [](DrawingContext& context) {
                                        context.fillRect({0, 0, 100, 60}, Color::white());
                                        context.translate(20, 10);
-                                       const Gradient fade{
-                                           .start = {0, 0},
-                                           .end = {0, 40},
-                                           .stops = {{0, Color::black().withAlpha(0.8)}, {1, Color::clear()}}};
+                                       const Gradient fade{.start = {0, 0},
+                                                           .end = {0, 40},
+                                                           .stops = {{0, Color::black().withAlpha(0.8)},
+                                                                     {1, Color::black().withAlpha(0)}}};
                                        context.fillPathWithGradient(Path::rect({0, 0, 60, 40}), fade);
                                    }))
             .string();
