@@ -70,6 +70,21 @@ def is_open(connection):
         connection.settimeout(30)
 
 
+def seconds_until_cut(connection, start):
+    """From `start` until the server ends a connection that sends a byte every half second; None after 20 seconds."""
+    connection.settimeout(0.5)
+    while time.monotonic() - start < 20:
+        try:
+            connection.sendall(b"G")
+            if not connection.recv(1):
+                return time.monotonic() - start
+        except TimeoutError:
+            pass
+        except ConnectionError:
+            return time.monotonic() - start
+    return None
+
+
 class ServedTest(unittest.TestCase):
     """`serve` starts the program; it ends with the test and must end well."""
 
