@@ -3,7 +3,6 @@
 #include "app/Commands.h"
 #include "app/Runtime.h"
 #include "app/SiteSession.h"
-#include "app/StationSource.h"
 #include "host/foundation/SafeFile.h"
 
 namespace zor {
@@ -31,9 +30,6 @@ int run(std::span<const std::string> words) {
     const auto output = arguments->option("-o") ? arguments->option("-o") : arguments->option("--output");
     const auto source = arguments->option("--source");
     if (arguments->words().size() + (source ? 1 : 0) != 1) return failUsage(renderCommand, "name one SITE or --source");
-    if (const auto known = source ? configurationOfSource(*source) : AgentConfiguration(); !known) {
-        return fail(known.error().message);
-    }
     if (!output) return failUsage(renderCommand, "say where to write with -o FILE.png or -o FILE.pdf");
     const bool pdf = output->ends_with(".pdf");
     if (!pdf && !output->ends_with(".png")) {
@@ -41,7 +37,8 @@ int run(std::span<const std::string> words) {
     }
 
     HeadlessRuntime runtime;
-    auto session = SiteSession::open(source ? *source : arguments->words()[0], runtime.plugIns());
+    auto session = source ? SiteSession::openSource(*source, runtime.plugIns())
+                          : SiteSession::open(arguments->words()[0], runtime.plugIns());
     if (!session) return fail(session.error().message);
     (*session)->readOnce();
     if (!(*session)->trouble().empty()) fail((*session)->trouble());

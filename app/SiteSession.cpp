@@ -31,14 +31,17 @@ Result<std::shared_ptr<SiteSession>> SiteSession::startNew(AgentConfiguration co
     return session;
 }
 
+Result<std::shared_ptr<SiteSession>> SiteSession::openSource(const std::string& source, const PlugInLibrary& plugIns) {
+    auto configuration = configurationOfSource(source);
+    if (!configuration) return configuration.error();
+    auto session = startNew(std::move(*configuration), plugIns);
+    if (session) (*session)->addCatalogue();
+    return session;
+}
+
 Result<std::shared_ptr<SiteSession>> SiteSession::open(const std::string& site, const PlugInLibrary& plugIns) {
-    if (site == "demo" || namesSource(site)) {
-        auto configuration = configurationOfSource(site == "demo" ? "simulated" : site);
-        if (!configuration) return configuration.error();
-        auto session = startNew(std::move(*configuration), plugIns);
-        if (session) (*session)->addCatalogue();
-        return session;
-    }
+    if (site == "demo") return openSource("simulated", plugIns);
+    if (namesSource(site)) return openSource(site, plugIns);
     auto document = SiteDocument::open(site, plugIns.bundles());
     if (!document) return document.error();
     std::shared_ptr<SiteSession> session(new SiteSession);

@@ -19,8 +19,9 @@ public:
     /// A new document for a station, without dashboards.
     static Result<std::shared_ptr<SiteSession>> startNew(AgentConfiguration configuration,
                                                          const PlugInLibrary& plugIns);
-    /// A saved document; or a source of readings with every dashboard of the catalogue, of which "demo" is the simulated
-    /// one.
+    /// A source of readings, with every dashboard of the catalogue.
+    static Result<std::shared_ptr<SiteSession>> openSource(const std::string& source, const PlugInLibrary& plugIns);
+    /// A saved document or a source, of which "demo" is the simulated one.
     static Result<std::shared_ptr<SiteSession>> open(const std::string& site, const PlugInLibrary& plugIns);
     ~SiteSession();
 
