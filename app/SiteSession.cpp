@@ -11,9 +11,9 @@
 namespace zor {
 
 DriverResult makeDriver(const AgentConfiguration& configuration) {
-    if (configuration.driver == "simulator") return SimulatedStation::create(configuration.settings);
+    if (configuration.driver == "simulated") return SimulatedStation::create(configuration.settings);
     if (configuration.driver == "weewx") return WeewxStation::create(configuration.settings);
-    return Error{"there is no station driver named \"" + configuration.driver + "\" (there are simulator and weewx)"};
+    return Error{"there is no station driver named \"" + configuration.driver + "\" (there are simulated and weewx)"};
 }
 
 std::vector<std::shared_ptr<ZORPlugIn>> dashboardsOf(const SiteDocument& document) {
@@ -61,6 +61,7 @@ Status SiteSession::connect() {
     auto driver = makeDriver(agent()->configuration());
     if (!driver) return driver.error();
     driver_ = *driver;
+    agent()->setClock([station = driver_] { return station->now(); });
     agent()->history()->setLoader(driver_->historyLoader());
     // The properties must be there before a dashboard is built for them.
     agent()->takeReading(driver_->currentReading());

@@ -31,7 +31,7 @@ std::shared_ptr<Agent> makeAgent(const Fields& description) {
             if (!unit) property.refuse("unit", "there is no unit \"" + *shortName + "\"");
             const auto* known = knownProperty(key);
             setProperty(*agent->addProperty(key, known ? known->displayName : std::string_view(key), unit->quantity),
-                        property);
+                        property, agent->now());
         }
     }
     return agent;
@@ -68,7 +68,8 @@ Json DriveSession::newDocument(const Fields& line) {
         for (const auto& each : description.objects("dashboardWidgets")) makeWidget(each, agent);
         agent->setDashboardWidgetsMaker([kept = description.raw("dashboardWidgets")](Agent& owner) {
             std::vector<std::shared_ptr<View>> made;
-            for (const auto& each : kept) made.push_back(makeWidget(Fields(each), std::static_pointer_cast<Agent>(owner.shared_from_this())));
+            for (const auto& each : kept)
+                made.push_back(makeWidget(Fields(each), std::static_pointer_cast<Agent>(owner.shared_from_this())));
             return made;
         });
     }

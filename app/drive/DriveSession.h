@@ -117,7 +117,7 @@ private:
 /// A widget from {kind, frame, title, property}, linked to the agent's property of that name.
 std::shared_ptr<ZORWidgetHostView> makeWidget(const Fields& description, const std::shared_ptr<Agent>& agent);
 /// A property from {value, unit}; throws LineError.
-void setProperty(Property& property, const Fields& description);
+void setProperty(Property& property, const Fields& description, Seconds receivedAt);
 std::uint32_t modifierFlags(const Fields& line);
 int clickCount(const Fields& line);
 

@@ -2,7 +2,7 @@
 
 namespace zor {
 
-void setProperty(Property& property, const Fields& description) {
+void setProperty(Property& property, const Fields& description, Seconds receivedAt) {
     const Unit* unit = &property.unit();
     if (const auto shortName = description.optionalString("unit")) {
         unit = unitWithShortName(*shortName, property.quantity());
@@ -12,7 +12,7 @@ void setProperty(Property& property, const Fields& description) {
     if (description.has("value")) value = description.number("value");
     property.setUnit(*unit);
     // What no station can measure becomes no value, as with any driver.
-    property.setValue(value ? std::optional(toBase(*value, *unit)) : std::nullopt, now());
+    property.setValue(value ? std::optional(toBase(*value, *unit)) : std::nullopt, receivedAt);
 }
 
 Json DriveSession::set(const Fields& line) {
@@ -59,7 +59,8 @@ void DriveSession::setWidget(const Fields& line, ZORWidgetHostView& widget) {
     } else {
         const auto instrument = widget.instrument();
         const auto& settings = widget.properties();
-        const bool known = instrument && std::ranges::any_of(settings, [&](const auto& each) { return each.name == key; });
+        const bool known =
+            instrument && std::ranges::any_of(settings, [&](const auto& each) { return each.name == key; });
         if (!known) line.refuse("key", "this widget has no setting \"" + key + "\"");
         const auto status = applySetting(*instrument, settings, key, valueFrom(line.raw("value")));
         if (!status) line.refuse("value", status.error().message);
@@ -99,7 +100,7 @@ void DriveSession::setAgent(const Fields& line) {
     const std::string key = line.string("key");
     const auto property = document_ ? document_->agent()->properties().find(key) : nullptr;
     if (!property) line.refuse("key", "the agent has no property \"" + key + "\"");
-    setProperty(*property, line.object("value"));
+    setProperty(*property, line.object("value"), document_->agent()->now());
 }
 
 }  // namespace zor

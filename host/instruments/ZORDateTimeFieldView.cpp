@@ -29,7 +29,7 @@ const SettingList& ZORDateTimeFieldView::settings() const {
 }
 
 std::optional<std::string> ZORDateTimeFieldView::text() const {
-    std::optional<Seconds> moment = now();
+    std::optional<Seconds> moment = stationTime();
     if (useProperty() && lastPropertyName()) {
         // A property starts at the reference time, before it has ever been received.
         moment = property() && property()->receivedAt() > 0 ? std::optional(property()->receivedAt()) : std::nullopt;

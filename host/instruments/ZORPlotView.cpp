@@ -83,7 +83,7 @@ void ZORPlotView::setFontSize(double size) {
 
 void ZORPlotView::drawRect(DrawingContext& context, const Rect&) {
     if (!isVisibleArea(bounds())) return;
-    const TimeSpan span = spanOfPeriod(period_, now());
+    const TimeSpan span = spanOfPeriod(period_, stationTime());
     const PlotContent content{
         .title = property() ? property()->displayName() : propertyName().value_or(""),
         .value = property() ? property()->stringForFormat(valueWithShortUnitFormat) : std::string(missingValueText),
@@ -102,9 +102,13 @@ void ZORPlotView::drawRect(DrawingContext& context, const Rect&) {
               .fontSize = fontSize_});
 }
 
-std::shared_ptr<History> ZORPlotView::history() const {
+std::shared_ptr<Agent> ZORPlotView::station() const {
     const auto own = agent();
-    return ask(own ? own : agentAbove(), [](const Agent& agent) { return agent.history(); });
+    return own ? own : LinkedInstrumentView::station();
+}
+
+std::shared_ptr<History> ZORPlotView::history() const {
+    return ask(station(), [](const Agent& agent) { return agent.history(); });
 }
 
 std::vector<Sample> ZORPlotView::samplesWithin(const TimeSpan& span) const {

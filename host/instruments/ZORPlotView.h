@@ -54,6 +54,8 @@ public:
 
 protected:
     void copyStateTo(ZORInstrumentView& copy) const override;
+    /// Its own agent, else that above it.
+    std::shared_ptr<Agent> station() const override;
 
 private:
     std::shared_ptr<History> history() const;

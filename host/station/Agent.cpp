@@ -68,7 +68,7 @@ const ClassRecord& Agent::staticClass() {
     return record;
 }
 
-Agent::Agent() : history_(std::make_shared<History>()), derived_(history_) {
+Agent::Agent() : history_(std::make_shared<History>(time_)), derived_(history_) {
     NotificationCenter::defaultCenter().addObserver(this, kAppTimerOneMinuteNotification, nullptr,
                                                     [this](const Notification&) { noticeAges(); });
 }
@@ -159,8 +159,7 @@ bool Agent::initWithCoder(Decoder& decoder) {
     configuration_.settings = decoder.decodeValue("settings").asDictionary();
     configuration_.unitSystem = unitSystemNamed(decoder.decodeString("unitSystem").value_or(""));
     for (const auto& property : decoder.decodeObjects<Property>("properties")) {
-        property->setLifetime(valueLifetime());
-        properties_.add(property);
+        adopt(property);
     }
     return true;
 }
@@ -168,9 +167,14 @@ bool Agent::initWithCoder(Decoder& decoder) {
 std::shared_ptr<Property> Agent::newProperty(std::string_view key, std::string_view displayName, Quantity quantity) {
     auto property = std::make_shared<Property>(std::string(key), std::string(displayName), quantity);
     property->setUnit(unitForQuantity(quantity, configuration_.unitSystem));
+    adopt(property);
+    return property;
+}
+
+void Agent::adopt(const std::shared_ptr<Property>& property) {
+    property->setStationTime(time_);
     property->setLifetime(valueLifetime());
     properties_.add(property);
-    return property;
 }
 
 void Agent::announceProperties() {

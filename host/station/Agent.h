@@ -37,8 +37,8 @@ private:
 
 /// How a site reaches its station; stored with the Site Document.
 struct AgentConfiguration {
-    /// "simulator", "weewx" ...
-    std::string driver = "simulator";
+    /// As sources are named: "simulated", "weewx".
+    std::string driver = "simulated";
     /// The driver's own settings, and for every driver "valueLifetime": the seconds after which a value is too old.
     Value::Dictionary settings;
     UnitSystem unitSystem = UnitSystem::metric;
@@ -71,6 +71,10 @@ public:
     /// to the history.
     void takeReading(Reading reading);
     const std::shared_ptr<History>& history() const { return history_; }
+    /// The station's own time, in seconds since 1970: what clocks show and what "today" is.
+    Seconds now() const { return time_->now(); }
+    /// No clock is the computer's.
+    void setClock(std::function<Seconds()> clock) { time_->setClock(std::move(clock)); }
 
     const AgentConfiguration& configuration() const { return configuration_; }
     void setConfiguration(AgentConfiguration configuration);
@@ -88,6 +92,8 @@ public:
 
 private:
     std::shared_ptr<Property> newProperty(std::string_view key, std::string_view displayName, Quantity quantity);
+    /// Among its own, with the station's time and its values' lifetime.
+    void adopt(const std::shared_ptr<Property>& property);
     void announceProperties();
     /// Links what holds a name and has no live property, in every view that has been made.
     void linkWaitingInstruments();
@@ -97,6 +103,7 @@ private:
     std::string name_;
     PropertyDictionary properties_;
     AgentConfiguration configuration_;
+    const std::shared_ptr<StationTime> time_ = std::make_shared<StationTime>();
     std::shared_ptr<History> history_;
     DerivedValues derived_;
     std::function<std::vector<std::shared_ptr<View>>(Agent&)> widgetsMaker_;

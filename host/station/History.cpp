@@ -113,7 +113,9 @@ private:
     std::thread thread_;
 };
 
-History::History() : fetcher_(std::make_shared<Fetcher>(*this)) {}
+History::History(std::shared_ptr<const StationTime> time)
+    : time_(time ? std::move(time) : std::make_shared<const StationTime>()),
+      fetcher_(std::make_shared<Fetcher>(*this)) {}
 
 History::~History() = default;
 
@@ -136,7 +138,7 @@ void History::setSynchronous(bool synchronous) {
 std::vector<Sample> History::samples(std::string_view key, Seconds from, Seconds to) {
     if (!(from <= to)) return {};
     // What has not happened yet is not in any archive.
-    if (loader_) fetchMissing(key, {from, std::min(to, now())});
+    if (loader_) fetchMissing(key, {from, std::min(to, time_->now())});
     const auto found = series_.find(key);
     if (found == series_.end()) return {};
     const auto& samples = found->second->samples;

@@ -11,6 +11,7 @@
 
 #include "host/foundation/Object.h"
 #include "host/station/Reading.h"
+#include "host/station/StationTime.h"
 #include "host/station/TimeSpans.h"
 
 namespace zor {
@@ -30,7 +31,8 @@ public:
 /// that drawing never waits. Main thread only.
 class History : public Object {
 public:
-    History();
+    /// The present is that of `time`; without one, the computer's.
+    explicit History(std::shared_ptr<const StationTime> time = {});
     ~History() override;
 
     /// What the loader before gave stays; every span is asked for anew.
@@ -60,6 +62,7 @@ private:
     /// Whether there was anything new among the samples.
     bool merge(const Request& request, std::vector<Sample> samples);
 
+    const std::shared_ptr<const StationTime> time_;
     std::map<std::string, std::unique_ptr<Series>, std::less<>> series_;
     std::shared_ptr<HistoryLoader> loader_;
     std::shared_ptr<Fetcher> fetcher_;

@@ -55,7 +55,7 @@ void Property::setLifetime(Seconds lifetime) {
 }
 
 bool Property::isStale() const {
-    return value_ && lifetime_ > 0 && now() - receivedAt_ > lifetime_;
+    return value_ && lifetime_ > 0 && present() - receivedAt_ > lifetime_;
 }
 
 void Property::noticeAge() {
@@ -127,7 +127,7 @@ void Property::setUnitName(const std::string& shortName) {
 }
 
 void Property::setValueInUnit(std::optional<double> value) {
-    setValue(value ? std::optional(toBase(*value, *unit_)) : std::nullopt, now());
+    setValue(value ? std::optional(toBase(*value, *unit_)) : std::nullopt, present());
 }
 
 std::string Property::text() const {

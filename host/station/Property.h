@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,6 +9,7 @@
 
 #include "host/foundation/Object.h"
 #include "host/station/Reading.h"
+#include "host/station/StationTime.h"
 #include "host/station/Units.h"
 
 namespace zor {
@@ -46,6 +48,8 @@ public:
     std::optional<double> valueInUnit() const;
     Seconds receivedAt() const { return receivedAt_; }
     void setValue(std::optional<double> baseValue, Seconds receivedAt);
+    /// What its value's age is judged by; without one, the computer's time.
+    void setStationTime(std::shared_ptr<const StationTime> time) { time_ = std::move(time); }
     /// Seconds after which a value counts as too old; 0 for never.
     void setLifetime(Seconds lifetime);
     bool isStale() const;
@@ -65,6 +69,7 @@ public:
     bool initWithCoder(Decoder& decoder) override;
 
 private:
+    Seconds present() const { return time_ ? time_->now() : now(); }
     std::string unitName() const;
     void setUnitName(const std::string& shortName);
     void setValueInUnit(std::optional<double> value);
@@ -80,6 +85,7 @@ private:
     const Unit* unit_ = &baseUnit(Quantity::none);
     std::optional<double> value_;
     Seconds receivedAt_ = 0;
+    std::shared_ptr<const StationTime> time_;
     Seconds lifetime_ = 0;
     bool noticedAge_ = false;
     /// Those that left are gaps, until there are as many gaps as observers and nobody is being told.

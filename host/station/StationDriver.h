@@ -26,6 +26,8 @@ public:
     virtual std::string stationName() const = 0;
     /// The newest reading that is there without waiting, for instant display; may have no measurements.
     virtual Reading currentReading() = 0;
+    /// The station's own time. Any thread.
+    virtual Seconds now() const { return zor::now(); }
     virtual void start(Events events) = 0;
     /// Returns when no further event can come.
     virtual void stop() = 0;

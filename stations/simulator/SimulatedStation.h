@@ -41,6 +41,7 @@ public:
 
     std::string stationName() const override { return options_.name; }
     Reading currentReading() override;
+    Seconds now() const override { return options_.clock.now(); }
     /// A reading at each multiple of the interval; where the main thread cannot keep up, readings are left out and the
     /// next one holds the rain of all.
     void start(Events events) override;

@@ -45,6 +45,7 @@ DriverResult WeewxStation::create(const Value::Dictionary& settings) {
 WeewxStation::WeewxStation(Options options, std::set<std::string> used, Reading newest)
     : options_(std::move(options)), used_(std::move(used)) {
     newest_ = withoutUnused(std::move(newest));
+    clock_.record(newest_.time);
 }
 
 /// The table has columns for sensors that the station lacks; they are no properties of it.
@@ -60,6 +61,11 @@ Reading WeewxStation::withoutUnused(Reading reading) {
 Reading WeewxStation::currentReading() {
     const std::lock_guard lock(mutex_);
     return newest_;
+}
+
+Seconds WeewxStation::now() const {
+    const std::lock_guard lock(mutex_);
+    return clock_.now();
 }
 
 void WeewxStation::start(Events events) {
@@ -88,6 +94,7 @@ void WeewxStation::take(Reading reading) {
     {
         const std::lock_guard lock(mutex_);
         newest_ = reading;
+        clock_.record(reading.time);
     }
     thread_.deliver(std::move(reading));
 }

@@ -6,10 +6,12 @@
 
 #include "host/station/StationDriver.h"
 #include "stations/support/DriverThread.h"
+#include "stations/support/RecordedClock.h"
 
 namespace zor {
 
-/// A station that weewx records, read from its SQLite archive while weewx writes it; the file is never changed.
+/// A station that weewx records, read from its SQLite archive while weewx writes it; the file is never changed. Its
+/// time is that of the newest row, so that "today" is the last recorded day, until rows of the present come.
 class WeewxStation : public StationDriver {
 public:
     struct Options {
@@ -25,6 +27,7 @@ public:
 
     std::string stationName() const override { return options_.name; }
     Reading currentReading() override;
+    Seconds now() const override;
     /// Each row that comes after `currentReading()`, in order; it has the columns that ever held a value, and the rain
     /// of its day. Trouble: the archive is gone, locked for long or broken.
     void start(Events events) override;
@@ -39,9 +42,10 @@ private:
     Reading withoutUnused(Reading reading);
 
     const Options options_;
-    std::mutex mutex_;
+    mutable std::mutex mutex_;
     std::set<std::string> used_;
     Reading newest_;
+    RecordedClock clock_;
     DriverThread thread_;
 };
 

@@ -34,6 +34,17 @@ TEST_F(DateTimeField, ShowsTheClock) {
     EXPECT_EQ(field.text(), "09.05");
 }
 
+TEST_F(DateTimeField, ShowsTheTimeOfTheStationAboveIt) {
+    const auto agent = Agent::withName("Garden");
+    agent->setClock([] { return Seconds{1783328700 - 86400}; });
+    const auto shown = std::make_shared<ZORDateTimeFieldView>();
+    const auto plugIn = test::TestPlugIn::withAgent(agent);
+    plugIn->view()->addSubview(shown);
+    EXPECT_EQ(shown->text(), "Sunday, 5 July 2026 09:05");
+    shown->removeFromSuperview();
+    EXPECT_EQ(shown->text(), "Monday, 6 July 2026 09:05");
+}
+
 TEST_F(DateTimeField, ShowsWhenItsPropertyWasReceived) {
     const auto property = test::temperature({});
     property->setValue(20, 1783328700 - 3600);

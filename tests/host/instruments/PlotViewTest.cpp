@@ -75,6 +75,17 @@ TEST_F(PlotView, ShowsThePropertysUnit) {
     EXPECT_THAT(texts(), testing::IsSupersetOf({"°F", "68.0 °F", "30", "50"}));
 }
 
+TEST_F(PlotView, TodayIsTheStationsDay) {
+    add(kOutdoorTemperature, 21.5, every(600, 60, midnight - 100 * 24 * hour));
+    EXPECT_TRUE(lines().empty());
+    agent->setClock([] { return midnight - 100 * 24 * hour + 12 * hour; });
+    ASSERT_EQ(lines().size(), 1u);
+    EXPECT_EQ(lines()[0].size(), 60u);
+    // A copy, as pictures and prints are made from, has the same day.
+    const auto copy = std::dynamic_pointer_cast<ZORPlotView>(plot->copy());
+    EXPECT_EQ(drawn(*copy).operationsNamed("strokePolyline").size(), 1u);
+}
+
 TEST_F(PlotView, PlacesSamplesByTimeAndValue) {
     add(kOutdoorTemperature, 20, {{midnight + 6 * hour, 20}, {midnight + 6 * hour + 600, 30}});
     const auto curve = lines();

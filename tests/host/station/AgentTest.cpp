@@ -177,7 +177,7 @@ TEST_F(AgentTest, ValuesLiveForeverUnlessALifetimeIsSet) {
     agent->takeReading({1000, {{"outdoorTemperature", 20.0}}});
     theTime = 1e9;
     EXPECT_EQ(text("outdoorTemperature"), "20.0 °C");
-    agent->setConfiguration({"simulator", {{"valueLifetime", 300}}, UnitSystem::metric});
+    agent->setConfiguration({"simulated", {{"valueLifetime", 300}}, UnitSystem::metric});
     EXPECT_EQ(text("outdoorTemperature"), "--");
     agent->takeReading({theTime, {{"outdoorTemperature", 20.0}, {"windSpeed", 1.0}}});
     EXPECT_EQ(text("windSpeed"), "3.6 km/h");
@@ -185,12 +185,31 @@ TEST_F(AgentTest, ValuesLiveForeverUnlessALifetimeIsSet) {
     EXPECT_EQ(text("windSpeed"), "--");
 }
 
+TEST_F(AgentTest, ItsTimeIsTheComputersUnlessItHasAClock) {
+    EXPECT_EQ(agent->now(), 1000);
+    agent->setClock([] { return Seconds{77}; });
+    EXPECT_EQ(agent->now(), 77);
+    agent->setClock({});
+    EXPECT_EQ(agent->now(), 1000);
+}
+
+TEST_F(AgentTest, AgeIsJudgedByTheStationsTime) {
+    agent->setConfiguration({"simulated", {{"valueLifetime", 300}}, UnitSystem::metric});
+    Seconds stationTime = 500;
+    agent->setClock([&] { return stationTime; });
+    agent->takeReading({500, {{"outdoorTemperature", 20.0}}});
+    EXPECT_EQ(text("outdoorTemperature"), "20.0 °C");
+    stationTime = 801;
+    EXPECT_EQ(text("outdoorTemperature"), "--");
+    agent->setClock({});
+}
+
 TEST_F(AgentTest, AgeIsNoticedAtTheFullMinute) {
     struct Observer : PropertyObserver {
         int changes = 0;
         void propertyDidChange() override { ++changes; }
     } observer;
-    agent->setConfiguration({"simulator", {{"valueLifetime", 300}}, UnitSystem::metric});
+    agent->setConfiguration({"simulated", {{"valueLifetime", 300}}, UnitSystem::metric});
     agent->takeReading({1000, {{"outdoorTemperature", 20.0}}});
     const auto property = agent->properties().find("outdoorTemperature");
     property->addObserver(&observer);

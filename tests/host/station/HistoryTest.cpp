@@ -171,6 +171,18 @@ TEST_F(HistoryTest, TheFutureIsNotAskedFor) {
     EXPECT_THAT(loader->takeCalls(), ElementsAre(Call{"a", {10'000, 12'000}}));
 }
 
+TEST_F(HistoryTest, ThePresentIsTheStations) {
+    const auto time = std::make_shared<StationTime>();
+    history = std::make_shared<History>(time);
+    synchronousWithLoader();
+    time->setClock([] { return Seconds{5000}; });
+    history->samples("a", 4000, 20'000);
+    EXPECT_THAT(loader->takeCalls(), ElementsAre(Call{"a", {4000, 5000}}));
+    time->setClock({});
+    history->samples("a", 4000, 20'000);
+    EXPECT_THAT(loader->takeCalls(), ElementsAre(Call{"a", {5000, 10'000}}));
+}
+
 TEST_F(HistoryTest, LiveReadingsAccountForTheMinutesAfterThem) {
     synchronousWithLoader();
     history->append({9000, {{"a", 1.0}}});

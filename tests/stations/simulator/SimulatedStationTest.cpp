@@ -28,6 +28,15 @@ double valueOf(const Reading& reading, std::string_view key) {
     return found == reading.measurements.end() ? NAN : found->value.value_or(NAN);
 }
 
+TEST(SimulatedStation, ItsTimeRunsAtItsOwnSpeed) {
+    const auto station = made({{"start", kStart}, {"speed", 1e6}});
+    const Seconds before = station->now();
+    EXPECT_GE(before, kStart);
+    Seconds after = before;
+    while (after < before + 1000) after = station->now();
+    EXPECT_GE(station->currentReading().time, after);
+}
+
 TEST(SimulatedStation, NeedsNoSettings) {
     const auto station = made({});
     EXPECT_EQ(station->stationName(), "Demo Station");

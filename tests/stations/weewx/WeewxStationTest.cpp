@@ -66,6 +66,22 @@ constexpr const char* kUnitColumns =
     "outTemp, dewpoint, barometer, pressure, windSpeed, windDir, rain, rainRate, "
     "lightning_distance, outHumidity, radiation, UV, soilTemp1, soilMoist1, leafWet1";
 
+TEST(WeewxStation, ItsTimeIsThatOfTheNewestRow) {
+    const test::TemporaryFolder folder;
+    test::ArchiveWriter writer(folder.path() / "a.sdb", "outTemp");
+    writer.add(kNoon, 17, "20");
+    const auto archive = station(folder.path() / "a.sdb");
+    EXPECT_EQ(archive->now(), kNoon);
+
+    test::MainLoop loop;
+    int readings = 0;
+    archive->start({.reading = [&](Reading) { ++readings; }, .trouble = [](std::string) {}});
+    writer.add(kNoon + 300, 17, "21");
+    ASSERT_TRUE(loop.runUntil([&] { return readings > 0; }));
+    EXPECT_EQ(archive->now(), kNoon + 300);
+    archive->stop();
+}
+
 TEST(WeewxStation, ConvertsEachRowByItsOwnUnitSystem) {
     const test::TemporaryFolder folder;
     test::ArchiveWriter weewx(folder / "weewx.sdb", kUnitColumns);
