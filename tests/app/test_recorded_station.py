@@ -15,12 +15,12 @@ US = "real-us-2015.sdb"  # up to 2015-07-13 16:50 UTC
 METRIC = "simulator-metricwx-45d.sdb"  # up to the midnight after 2025-12-31, UTC
 # Quad Plots' frames, two beside and two below each other in 1000 by 776.
 QUARTERS = [(x, y, 500, 388) for y in (0, 388) for x in (0, 500)]
-HEADER = 60
+HEADER = 50
 
 
 def is_line(red, green, blue):
     """The plots' blue, not the paler area below the line."""
-    return red < 40 and green < 140 and blue > 170
+    return red < 60 and green < 150 and blue > 170
 
 
 class Picture:
