@@ -9,16 +9,24 @@ namespace zor {
 
 namespace {
 
-std::shared_ptr<ZORPlugIn> dashboardTitled(const std::vector<std::shared_ptr<ZORPlugIn>>& dashboards,
-                                           const std::string& title) {
-    const auto found = std::ranges::find_if(dashboards, [&](const auto& each) { return each->title() == title; });
+/// The dashboard of that title; where none has it, the one that the catalogue lists so.
+std::shared_ptr<ZORPlugIn> dashboardTitled(const SiteSession& session, const std::string& title) {
+    const auto dashboards = dashboardsOf(*session.document());
+    auto found = std::ranges::find_if(dashboards, [&](const auto& each) { return each->title() == title; });
+    if (found == dashboards.end()) {
+        found =
+            std::ranges::find_if(dashboards, [&](const auto& each) { return session.catalogueTitle(each) == title; });
+    }
     return found == dashboards.end() ? nullptr : *found;
 }
 
-std::string listedTitles(const std::vector<std::shared_ptr<ZORPlugIn>>& dashboards) {
+std::string listedTitles(const SiteSession& session) {
     std::string titles;
-    for (const auto& each : dashboards) {
-        titles += (titles.empty() ? "\"" : ", \"") + each->title().value_or("Untitled") + "\"";
+    for (const auto& each : dashboardsOf(*session.document())) {
+        const std::string own = each->title().value_or("Untitled");
+        titles += (titles.empty() ? "\"" : ", \"") + own + "\"";
+        const auto listed = session.catalogueTitle(each);
+        if (listed && *listed != own) titles += " (in the catalogue \"" + *listed + "\")";
     }
     return titles.empty() ? "none" : titles;
 }
@@ -43,13 +51,12 @@ int run(std::span<const std::string> words) {
     (*session)->readOnce();
     if (!(*session)->trouble().empty()) fail((*session)->trouble());
 
-    const auto dashboards = dashboardsOf(*(*session)->document());
     const auto title = arguments->option("--dashboard");
     const auto dashboard =
-        title ? dashboardTitled(dashboards, *title) : (*session)->document()->siteWindowController()->selectedPlugIn();
+        title ? dashboardTitled(**session, *title) : (*session)->document()->siteWindowController()->selectedPlugIn();
     if (!dashboard) {
         return fail((title ? "there is no dashboard titled \"" + *title + "\"" : "there is no dashboard") +
-                    "; there are: " + listedTitles(dashboards));
+                    "; there are: " + listedTitles(**session));
     }
     const Value scale = 1.0;
     const Value picture =

@@ -75,12 +75,19 @@ void SiteSession::addCatalogue() {
         for (std::size_t row = 0; row < rows.size(); ++row) {
             const Value argument = static_cast<std::int64_t>(row);
             const auto made = entry->perform("dashboardForRow:", {&argument, 1}).as<ZORPlugIn>();
-            if (made) controller->addPlugIn(made, false, false);
+            if (!made) continue;
+            controller->addPlugIn(made, false, false);
+            catalogueTitles_[made] = rows[row]["title"].asString();
         }
     }
     if (!controller->plugIns().empty()) controller->selectPlugInAtIndex(0);
     // Nothing of it is a person's work yet.
     document_->setDirty(false);
+}
+
+std::optional<std::string> SiteSession::catalogueTitle(const std::shared_ptr<ZORPlugIn>& dashboard) const {
+    const auto found = catalogueTitles_.find(dashboard);
+    return found == catalogueTitles_.end() ? std::nullopt : std::optional(found->second);
 }
 
 void SiteSession::readOnce() {

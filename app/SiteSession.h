@@ -2,7 +2,9 @@
 
 #include <filesystem>
 #include <functional>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "app/PlugInLibrary.h"
@@ -30,6 +32,9 @@ public:
 
     /// Every dashboard of every catalogue is added; the first is selected.
     void addCatalogue();
+    /// The title under which the catalogue lists what this dashboard was made from; a built-in dashboard's own may
+    /// differ. Nothing where the dashboard comes from a document.
+    std::optional<std::string> catalogueTitle(const std::shared_ptr<ZORPlugIn>& dashboard) const;
     /// The newest reading and the history, at once and in this thread; nothing runs afterwards. For pictures.
     void readOnce();
     /// The station's readings arrive from now on. Live readings go to the history store where there is one.
@@ -45,6 +50,7 @@ private:
     Status connect();
 
     std::shared_ptr<SiteDocument> document_;
+    std::map<std::weak_ptr<ZORPlugIn>, std::string, std::owner_less<>> catalogueTitles_;
     std::shared_ptr<StationDriver> driver_;
     std::string trouble_;
     std::function<void()> troubleObserver_;

@@ -114,6 +114,18 @@ class CommandLineTest(unittest.TestCase):
     def test_unknown_dashboard_is_refused_with_those_that_are_there(self):
         self.refuse('"Quad Plots"', "render", "demo", "--dashboard", "Five Plots", "-o", "x.png")
 
+    def test_the_catalogues_title_names_a_dashboard_of_a_source_too(self):
+        for title in ("Clean Slate", "Blank"):
+            for site in ("demo", "simulated", "--source=simulated"):
+                self.succeed("render", site, "--dashboard", title, "-o", "blank.png")
+        self.refuse('"Blank" (in the catalogue "Clean Slate")', "render", "demo", "--dashboard", "Slate", "-o", "x.png")
+
+    def test_a_documents_dashboards_have_their_own_titles_only(self):
+        self.succeed("new", "-o", "home.site")
+        self.succeed("render", "home.site", "--dashboard", "Blank", "-o", "blank.png")
+        self.refuse('there are: "Standard Dashboard", "Current Weather", "Hi-Def Dashboard", "Quad Plots", "Blank"\n',
+                    "render", "home.site", "--dashboard", "Clean Slate", "-o", "x.png")
+
     def test_output_must_be_png_or_pdf(self):
         self.refuse("x.gif", "render", "demo", "-o", "x.gif")
 
