@@ -24,7 +24,8 @@ void printHelp() {
         std::printf("  station %.*s\n      %.*s\n", static_cast<int>(command.usage.size()), command.usage.data(),
                     static_cast<int>(command.summary.size()), command.summary.data());
     }
-    std::printf("\n  SITE is a saved Site Document (.site), or \"demo\": the built-in simulated station.\n");
+    std::printf("\n  SITE is a saved Site Document (.site), a SOURCE, or \"demo\": the built-in simulated station.\n");
+    std::printf("  SOURCE is where readings come from: simulated or weewx:FILE, the SQLite archive of weewx.\n");
     std::printf("  station --help, station --version\n");
 }
 

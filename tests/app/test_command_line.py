@@ -75,6 +75,11 @@ class CommandLineTest(unittest.TestCase):
         for command in ("open", "new", "render", "serve", "catalogue", "inspect", "drive"):
             self.assertIn(f"station {command}", text)
 
+    def test_help_says_what_a_site_and_a_source_are(self):
+        text = " ".join(self.succeed("--help").stdout.split())
+        self.assertIn('SITE is a saved Site Document (.site), a SOURCE, or "demo"', text)
+        self.assertIn("SOURCE is where readings come from: simulated or weewx:FILE", text)
+
     def test_unknown_command_is_named(self):
         self.refuse('"fly"', "fly")
 
