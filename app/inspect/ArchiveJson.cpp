@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace zor {
@@ -10,6 +11,11 @@ namespace {
 
 /// Beyond this an object is only named, so that a file cannot deepen the nesting.
 constexpr int deepestNesting = 48;
+/// What a file stores once and refers to often is shown again only so far: it could otherwise ask for any amount.
+constexpr std::size_t mostEntriesAgain = 10'000;
+constexpr std::size_t mostTextAgain = std::size_t{1} << 20;
+constexpr std::size_t mostEntriesOfSmall = 16;
+constexpr const char* leftOut = "...";
 
 class Printer {
 public:
@@ -29,7 +35,7 @@ public:
         const auto keys = list_.keys(*top);
         const auto values = list_.values(*top);
         for (std::size_t index = 0; index < keys.size(); ++index) {
-            result[std::string(list_.string(keys[index]))] = node(values[index], 0);
+            result[text(keys[index])] = node(values[index], 0);
         }
         return result;
     }
@@ -45,13 +51,13 @@ public:
             case Kind::date:
                 return {{"secondsSince2001", jsonFrom(list_.date(index).secondsSinceReference)}};
             case Kind::string:
-                return std::string(list_.string(index));
+                return text(index);
             case Kind::data:
                 return {{"bytes", list_.data(index).size()}};
             case Kind::uid:
                 return reference(list_.uid(index), depth);
             case Kind::array:
-                return array(list_.items(index), depth);
+                return array(index, depth);
             case Kind::dictionary:
                 return dictionary(index, depth);
             default:
@@ -62,20 +68,37 @@ public:
 private:
     using Kind = PropertyListKind;
 
-    Json array(std::span<const PropertyList::Index> items, int depth) {
+    /// Whether a container may be shown, again where it was before.
+    bool mayShow(PropertyList::Index container, std::size_t entries) {
+        if (shownContainers_.insert(container).second) return true;
+        if (entries > entriesAgain_) return false;
+        entriesAgain_ -= entries;
+        return true;
+    }
+
+    std::string text(PropertyList::Index index) {
+        const auto whole = list_.string(index);
+        constexpr std::size_t shortText = 64;
+        if (whole.size() <= shortText || shownTexts_.insert(index).second) return std::string(whole);
+        if (whole.size() > textAgain_) return std::string(whole.substr(0, shortText)).append(leftOut);
+        textAgain_ -= whole.size();
+        return std::string(whole);
+    }
+
+    Json array(PropertyList::Index index, int depth, bool isSmall = false) {
+        const auto items = list_.items(index);
+        if (depth >= deepestNesting || !(isSmall || mayShow(index, items.size()))) return leftOut;
         Json result = Json::array();
-        for (const auto item : items) result.push_back(depth < deepestNesting ? node(item, depth + 1) : Json("..."));
+        for (const auto item : items) result.push_back(node(item, depth + 1));
         return result;
     }
 
     Json dictionary(PropertyList::Index index, int depth) {
-        Json result = Json::object();
         const auto keys = list_.keys(index);
         const auto values = list_.values(index);
-        for (std::size_t at = 0; at < keys.size(); ++at) {
-            result[std::string(list_.string(keys[at]))] =
-                depth < deepestNesting ? node(values[at], depth + 1) : Json("...");
-        }
+        if (depth >= deepestNesting || !mayShow(index, keys.size())) return leftOut;
+        Json result = Json::object();
+        for (std::size_t at = 0; at < keys.size(); ++at) result[text(keys[at])] = node(values[at], depth + 1);
         return result;
     }
 
@@ -90,10 +113,17 @@ private:
     }
 
     /// A collection of a few plain values, as fonts are stored: it reads best in full wherever it is used.
-    bool isSmallValue(PropertyList::Index index) const {
-        constexpr std::size_t most = 16;
+    bool isSmallValue(PropertyList::Index index) {
+        const auto [known, isNew] = smallValues_.try_emplace(index, false);
+        if (isNew) known->second = looksSmall(index);
+        return known->second;
+    }
+
+    bool looksSmall(PropertyList::Index index) const {
+        if (list_.keys(index).size() > mostEntriesOfSmall) return false;
         const auto items = list_.find(index, "NS.objects");
-        if (!items || list_.kind(*items) != Kind::array || list_.items(*items).size() > most) return false;
+        if (!items || list_.kind(*items) != Kind::array || list_.items(*items).size() > mostEntriesOfSmall)
+            return false;
         return std::ranges::all_of(list_.items(*items), [this](PropertyList::Index item) {
             if (list_.kind(item) != Kind::uid) return list_.kind(item) != Kind::array;
             const auto uid = list_.uid(item);
@@ -108,38 +138,54 @@ private:
         // Collections read best as what they are.
         if (const auto items = list_.find(index, "NS.objects"); items && list_.kind(*items) == Kind::array) {
             const auto keys = list_.find(index, "NS.keys");
-            if (!keys || list_.kind(*keys) != Kind::array) return array(list_.items(*items), depth);
-            return collected(list_.items(*keys), list_.items(*items), depth);
+            const bool isSmall = isSmallValue(index);
+            if (!keys || list_.kind(*keys) != Kind::array) return array(*items, depth, isSmall);
+            return collected(*keys, *items, depth, isSmall);
         }
         Json result{{"$class", name}, {"$id", uid}};
         const auto keys = list_.keys(index);
         const auto values = list_.values(index);
         for (std::size_t at = 0; at < keys.size(); ++at) {
-            const auto key = list_.string(keys[at]);
-            if (key != "$class") result[std::string(key)] = node(values[at], depth + 1);
+            if (list_.string(keys[at]) != "$class") result[text(keys[at])] = node(values[at], depth + 1);
         }
         return result;
     }
 
-    Json collected(std::span<const PropertyList::Index> keys, std::span<const PropertyList::Index> values, int depth) {
+    Json collected(PropertyList::Index keysArray, PropertyList::Index itemsArray, int depth, bool isSmall) {
+        const auto keys = list_.items(keysArray);
+        const auto items = list_.items(itemsArray);
+        const bool mayBeShown = isSmall || (mayShow(keysArray, keys.size()) && mayShow(itemsArray, items.size()));
+        if (!mayBeShown) return leftOut;
         Json result = Json::object();
-        for (std::size_t at = 0; at < keys.size() && at < values.size(); ++at) {
+        for (std::size_t at = 0; at < keys.size() && at < items.size(); ++at) {
             const Json key = node(keys[at], depth + 1);
-            result[key.is_string() ? key.get<std::string>() : key.dump()] = node(values[at], depth + 1);
+            // Nested quotes would double with each level.
+            const auto shown = key.is_string() ? key.get<std::string>() : key.is_primitive() ? key.dump() : leftOut;
+            result[std::string(shown)] = node(items[at], depth + 1);
         }
         return result;
     }
 
-    std::string className(PropertyList::Index object) const {
+    std::string className(PropertyList::Index object) {
         const auto reference = list_.find(object, "$class");
         if (!reference || list_.kind(*reference) != Kind::uid || list_.uid(*reference) >= objects_.size()) return "?";
-        const auto name = list_.find(objects_[list_.uid(*reference)], "$classname");
-        return name && list_.kind(*name) == Kind::string ? std::string(list_.string(*name)) : "?";
+        const auto itsClass = objects_[list_.uid(*reference)];
+        const auto [known, isNew] = classNames_.try_emplace(itsClass, "?");
+        if (!isNew) return known->second;
+        const auto name = list_.find(itsClass, "$classname");
+        if (name && list_.kind(*name) == Kind::string) known->second = text(*name);
+        return known->second;
     }
 
     const PropertyList& list_;
     std::span<const PropertyList::Index> objects_;
     std::unordered_set<std::uint64_t> shown_;
+    std::unordered_set<PropertyList::Index> shownContainers_;
+    std::unordered_set<PropertyList::Index> shownTexts_;
+    std::unordered_map<PropertyList::Index, bool> smallValues_;
+    std::unordered_map<PropertyList::Index, std::string> classNames_;
+    std::size_t entriesAgain_ = mostEntriesAgain;
+    std::size_t textAgain_ = mostTextAgain;
 };
 
 }  // namespace

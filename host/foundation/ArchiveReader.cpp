@@ -113,12 +113,11 @@ void ArchiveReader::beginContainer(Slot slot) {
     const bool isDictionary = decoded.kind == Kind::dictionary;
     const auto items = list_.find(decoded.node, archive::itemsKey);
     if (!items || list_.kind(*items) != PropertyList::Kind::array) return fail(decoded, Reason::noItems);
-    const auto keys = isDictionary ? list_.find(decoded.node, archive::keysKey) : std::nullopt;
+    if (isDictionary) decoded.keys = list_.find(decoded.node, archive::keysKey);
+    const auto keys = decoded.keys;
     if (const Slot other = slotOfNode_[*items]; other != none) {
         const Decoded& owner = decoded_[other];
-        const bool isSame =
-            owner.kind == decoded.kind && (!isDictionary || list_.find(owner.node, archive::keysKey) == keys);
-        if (isSame) {
+        if (owner.kind == decoded.kind && owner.keys == keys) {
             slotOfNode_[decoded.node] = other;
             decoded_.pop_back();
             return meetAgain(decoded_[other]);

@@ -48,6 +48,8 @@ private:
         Value value = {};
         ArchiveFailure failure = {};
         Index node = 0;
+        /// Of a dictionary.
+        std::optional<Index> keys = {};
         Kind kind = Kind::unusable;
         bool isOpen = false;
         /// Levels of objects and containers from here down; zero while open, and for leaves.

@@ -1,4 +1,3 @@
-#include <limits>
 
 #include "host/instruments/ZORPlotView.h"
 #include "tests/dashboard/DashboardSupport.h"
@@ -10,11 +9,10 @@ using test::box;
 using test::canvasOf;
 using test::dashboardOf;
 using test::dashboardRead;
+using test::nan;
 using test::reopened;
 using test::widgetsOn;
 using ::testing::ElementsAre;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 std::shared_ptr<ZORDashboardEditView> canvasWith(const Rect& frame) {
     return ZORDashboardEditView::initWithFrame(frame);

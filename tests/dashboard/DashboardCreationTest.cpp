@@ -1,5 +1,4 @@
 #include <cmath>
-#include <limits>
 
 #include "tests/dashboard/DashboardSupport.h"
 
@@ -8,10 +7,9 @@ namespace {
 
 using test::box;
 using test::dashboardOf;
+using test::nan;
 using test::widgetsOn;
 using ::testing::ElementsAre;
-
-constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 Rect canvasFrame(WidgetList widgets, Size size = {}) {
     return dashboardOf(std::move(widgets), size)->editView()->frame();

@@ -1,4 +1,6 @@
 #pragma once
+
+#include <limits>
 // What the tests of the dashboard and its canvas share.
 
 #include <gmock/gmock.h>
@@ -8,6 +10,8 @@
 #include "tests/host/instruments/InstrumentSupport.h"
 
 namespace zor::test {
+
+inline constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 
 inline std::shared_ptr<ZORWidgetHostView> box(const Rect& frame) {
     return ZORWidgetHostView::boxWithRect(frame);

@@ -91,6 +91,30 @@ TEST(KeyedUnarchiverProportion, BuildsDictionariesThatShareKeysAndValuesOnce) {
     EXPECT_EQ(&root->asArray()[0].asDictionary(), &root->asArray()[1].asDictionary());
 }
 
+TEST(KeyedUnarchiverProportion, LooksAtTheKeysOfASharedDictionaryOnce) {
+    // Were they looked through for each of the others, this would take an hour.
+    constexpr std::size_t count = 200'000;
+    SharingArchive archive;
+    const auto dictionaryClass = archive.addClass("NSDictionary");
+    const auto keys = archive.array({archive.add(archive.text("key"))});
+    const auto items = archive.array({archive.add(archive.text("item"))});
+    std::vector<SharingArchive::Entry> entries;
+    for (std::size_t index = 0; index < count; ++index) {
+        entries.push_back({archive.text("key " + std::to_string(index)), items});
+    }
+    entries.push_back({archive.text("$class"), dictionaryClass});
+    entries.push_back({archive.text("NS.keys"), keys});
+    entries.push_back({archive.text("NS.objects"), items});
+    std::vector<SharingArchive::Index> all{archive.add(archive.dictionary(entries))};
+    for (std::size_t index = 0; index < count; ++index) {
+        all.push_back(archive.add(archive.dictionaryObject(dictionaryClass, keys, items)));
+    }
+    const auto root = archive.unarchived(archive.container(archive.addClass("NSArray"), archive.array(all)));
+    ASSERT_TRUE(root) << root.error().message;
+    EXPECT_EQ(root->asArray().size(), count + 1);
+    EXPECT_EQ(root->asArray()[count]["key"].asString(), "item");
+}
+
 TEST(KeyedUnarchiverProportion, RefusesEveryPairOfKeysAndValues) {
     // A thousand lists of keys and a thousand of values make a million dictionaries of a thousand entries.
     constexpr std::size_t count = 1000;
