@@ -36,8 +36,7 @@ int run(std::span<const std::string> words) {
 
 }  // namespace
 
-const Command newCommand{"new",
-                         "new [--source simulated|weewx:FILE] [--name NAME] [--units metric|us|uk|si] -o FILE.site",
+const Command newCommand{"new", "new [--source SOURCE] [--name NAME] [--units metric|us|uk|si] -o FILE.site",
                          "Makes a Site Document with every dashboard of the catalogue.", run};
 
 }  // namespace zor

@@ -26,6 +26,8 @@ void printHelp() {
     }
     std::printf("\n  SITE is a saved Site Document (.site), a SOURCE, or \"demo\": the built-in simulated station.\n");
     std::printf("  SOURCE is where readings come from: simulated or weewx:FILE, the SQLite archive of weewx.\n");
+    std::printf("  The simulated station takes settings, simulated:seed=7,speed=60: seed, speed (times real time),\n");
+    std::printf("  interval (seconds), latitude, longitude (degrees), start (seconds since 1970).\n");
     std::printf("  station --help, station --version\n");
 }
 

@@ -2,12 +2,15 @@
 
 #include <QComboBox>
 #include <QDialogButtonBox>
+#include <QDoubleSpinBox>
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
+#include <QSpinBox>
+#include <limits>
 
 #include "app/StationSource.h"
 
@@ -16,11 +19,23 @@ namespace zor {
 StationDialog::StationDialog(QWidget* parent) : QDialog(parent) {
     setWindowTitle(tr("New Site"));
     driver_ = new QComboBox(this);
+    driver_->setObjectName("station");
     driver_->addItem(tr("simulated: the built-in demo station"), "simulated");
     driver_->addItem(tr("weewx: an archive in SQLite"), "weewx:");
     file_ = new QLineEdit(this);
+    file_->setObjectName("archive");
     file_->setPlaceholderText(tr("weewx.sdb"));
     browse_ = new QPushButton(tr("Choose..."), this);
+    speed_ = new QDoubleSpinBox(this);
+    speed_->setObjectName("speed");
+    speed_->setRange(0.01, 1e6);
+    speed_->setValue(1);
+    speed_->setSuffix(tr(" times real time"));
+    seed_ = new QSpinBox(this);
+    seed_->setObjectName("seed");
+    seed_->setMaximum(std::numeric_limits<int>::max());
+    seed_->setValue(1);
+    seed_->setToolTip(tr("Other weather for every number"));
     name_ = new QLineEdit(this);
     name_->setPlaceholderText(tr("from the station"));
     units_ = new QComboBox(this);
@@ -37,6 +52,8 @@ StationDialog::StationDialog(QWidget* parent) : QDialog(parent) {
     auto* form = new QFormLayout(this);
     form->addRow(tr("&Station:"), driver_);
     form->addRow(tr("&Archive:"), fileRow);
+    form->addRow(tr("S&peed:"), speed_);
+    form->addRow(tr("S&eed:"), seed_);
     form->addRow(tr("&Name:"), name_);
     form->addRow(tr("&Units:"), units_);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
@@ -57,6 +74,10 @@ AgentConfiguration StationDialog::configuration() const {
     // The dialog is accepted with a file only.
     const QString source = driver_->currentData().toString() + (readsArchive() ? file_->text() : QString());
     AgentConfiguration configuration = configurationOfSource(source.toStdString()).valueOr({});
+    if (!readsArchive()) {
+        configuration.settings["speed"] = speed_->value();
+        configuration.settings["seed"] = seed_->value();
+    }
     configuration.unitSystem = unitSystemNamed(units_->currentData().toString().toStdString());
     if (!name_->text().trimmed().isEmpty()) configuration.settings["name"] = name_->text().trimmed().toStdString();
     return configuration;
@@ -69,6 +90,8 @@ bool StationDialog::readsArchive() const {
 void StationDialog::refresh() {
     file_->setEnabled(readsArchive());
     browse_->setEnabled(readsArchive());
+    speed_->setEnabled(!readsArchive());
+    seed_->setEnabled(!readsArchive());
     accept_->setEnabled(!readsArchive() || !file_->text().isEmpty());
 }
 

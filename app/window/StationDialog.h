@@ -5,8 +5,10 @@
 #include "host/station/Agent.h"
 
 class QComboBox;
+class QDoubleSpinBox;
 class QLineEdit;
 class QPushButton;
+class QSpinBox;
 
 namespace zor {
 
@@ -24,6 +26,8 @@ private:
     QComboBox* driver_ = nullptr;
     QLineEdit* file_ = nullptr;
     QPushButton* browse_ = nullptr;
+    QDoubleSpinBox* speed_ = nullptr;
+    QSpinBox* seed_ = nullptr;
     QLineEdit* name_ = nullptr;
     QComboBox* units_ = nullptr;
     QPushButton* accept_ = nullptr;

@@ -160,6 +160,28 @@ class CommandLineTest(unittest.TestCase):
         self.refuse("barometric", "render", "--source", "barometric", "-o", "x.png")
         self.refuse("gone.sdb", "render", "--source", "weewx:gone.sdb", "-o", "x.png")
 
+    def test_the_simulated_stations_weather_is_that_of_its_seed_and_start(self):
+        def picture(settings):
+            # Time stands still, as far as a picture shows.
+            self.succeed("render", f"simulated:{settings},speed=1e-9", "--dashboard", "Quad Plots", "-o", "plots.png")
+            return (self.path / "plots.png").read_bytes()
+        seventh = picture("seed=7,start=1700000000")
+        self.assertEqual(picture("seed=7,start=1700000000"), seventh)
+        self.assertNotEqual(picture("seed=8,start=1700000000"), seventh)
+        self.assertNotEqual(picture("seed=7,start=1710000000"), seventh)
+
+    def test_settings_of_the_simulated_station_are_kept_in_the_document(self):
+        self.succeed("new", "--source", "simulated:seed=7,speed=60", "-o", "home.site")
+        agent = json.loads(self.succeed("inspect", "home.site").stdout)["root"]["agent"]
+        self.assertEqual(agent["driver"], "simulated")
+        self.assertEqual(agent["settings"], {"seed": 7, "speed": 60})
+
+    def test_faulty_settings_of_the_simulated_station_are_named(self):
+        for settings, fault in (("sped=60", '"sped"'), ("speed=fast", '"fast"'), ("seed", '"seed"'),
+                                ("speed=0", "“speed”"), ("seed=1.5", "“seed”")):
+            self.refuse(fault, "render", f"simulated:{settings}", "-o", "x.png")
+            self.refuse(fault, "new", "--source", f"simulated:{settings}", "-o", "x.site")
+
     def test_missing_archive_is_named(self):
         self.refuse("gone.sdb", "new", "--source", "weewx:gone.sdb", "-o", "x.site")
         self.assertFalse((self.path / "x.site").exists())
