@@ -30,6 +30,7 @@ namespace {
 
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString stateKey = QStringLiteral("window/state");
+const QString listKey = QStringLiteral("window/list");
 const QString splitterKey = QStringLiteral("window/splitter");
 /// Room for the standard dashboard beside the list.
 constexpr QSize firstSize{1400, 900};
@@ -244,6 +245,7 @@ void SiteWindow::restoreGeometryOfLastTime() {
     resize(firstSize.boundedTo(screen()->availableSize()));
     restoreGeometry(settings.value(geometryKey).toByteArray());
     restoreState(settings.value(stateKey).toByteArray());
+    setListVisible(settings.value(listKey, true).toBool());
     splitter_->restoreState(settings.value(splitterKey).toByteArray());
     splitter_->setHandleWidth(1);
 }
@@ -252,6 +254,7 @@ void SiteWindow::rememberGeometry() {
     QSettings settings;
     settings.setValue(geometryKey, saveGeometry());
     settings.setValue(stateKey, saveState());
+    settings.setValue(listKey, isListVisible());
     settings.setValue(splitterKey, splitter_->saveState());
 }
 

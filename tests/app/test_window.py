@@ -43,11 +43,33 @@ class WindowTest(WindowTestCase):
         self.key("F11")
         wait_for(lambda: size() == before or "WIDTH=1500" not in size(), "the window of before")
 
-    def brightness_of_the_list(self):
-        """From 0, black, to 1, where the list has no entries."""
-        run = subprocess.run(["convert", self.picture("window"), "-crop", "40x40+60+600", "-format", "%[fx:mean]",
-                              "info:"], capture_output=True, text=True, check=True)
+    def mean_of(self, crop, what="mean"):
+        """From 0, black, to 1, of a part of the window."""
+        run = subprocess.run(["convert", self.picture("window"), "-crop", crop, "-format", f"%[fx:{what}]", "info:"],
+                             capture_output=True, text=True, check=True)
         return float(run.stdout)
+
+    def brightness_of_the_list(self):
+        """Where the list has no entries."""
+        return self.mean_of("40x40+60+600")
+
+    def shows_the_list(self):
+        """The end of its first entry is blue; without the list white canvas is there."""
+        return self.mean_of("10x10+175+78", "mean.r") < 0.5
+
+    def test_a_hidden_list_stays_hidden_until_it_is_shown_again(self):
+        site = self.make_site()
+        self.open(site)
+        wait_for(self.shows_the_list, "the list")
+        for shown in (False, True):
+            self.key("F9")
+            wait_for(lambda: self.shows_the_list() == shown, f"F9, the list shown: {shown}")
+            self.key("ctrl+w")
+            self.assertEqual(self.program.wait(timeout=30), 0)
+            self.open(site)
+            # The dashboard's name is drawn black on white.
+            wait_for(lambda: self.mean_of("300x60+30+70", "minima") < 0.3, "the dashboard")
+            self.assertEqual(self.shows_the_list(), shown)
 
     def test_the_dark_appearance_reaches_the_list_at_once(self):
         self.open(self.make_site())
