@@ -8,17 +8,14 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QSocketNotifier>
-#include <QTimer>
-#include <cmath>
 #include <cstdlib>
 
 #include "app/CommandLine.h"
 #include "app/DataFolder.h"
+#include "app/MinuteTimer.h"
 #include "host/foundation/MainQueue.h"
-#include "host/foundation/NotificationCenter.h"
 #include "host/foundation/WritingNotes.h"
 #include "host/instruments/InstrumentClasses.h"
-#include "host/station/Reading.h"
 #include "qt/MainQueueRunner.h"
 #include "qt/QtToolkit.h"
 
@@ -29,27 +26,6 @@ namespace {
 int argumentCount = 1;
 char programName[] = "station";
 char* argumentValues[] = {programName, nullptr};
-
-/// Posts the minute notification at every full minute of the clock.
-class MinuteTimer {
-public:
-    MinuteTimer() {
-        timer_.setSingleShot(true);
-        timer_.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&timer_, &QTimer::timeout, [this] {
-            NotificationCenter::defaultCenter().post(kAppTimerOneMinuteNotification);
-            arm();
-        });
-        arm();
-    }
-
-private:
-    void arm() {
-        const double sinceMinute = std::fmod(now(), 60.0);
-        timer_.start(static_cast<int>((60.0 - sinceMinute) * 1000) + 5);
-    }
-    QTimer timer_;
-};
 
 /// Quits the event loop on the signals that ask a program to end.
 class SignalWatch {
