@@ -4,7 +4,6 @@
 
 #include "app/StationSource.h"
 #include "host/instruments/StandardWidgets.h"
-#include "stations/history/HistoryStore.h"
 #include "stations/simulator/SimulatedStation.h"
 #include "stations/weewx/WeewxStation.h"
 
@@ -24,10 +23,10 @@ Result<std::shared_ptr<SiteSession>> SiteSession::startNew(AgentConfiguration co
                                                            const PlugInLibrary& plugIns) {
     auto agent = Agent::withName("Station");
     agent->setConfiguration(std::move(configuration));
-    std::shared_ptr<SiteSession> session(new SiteSession);
-    session->document_ = SiteDocument::create(agent, plugIns.bundles());
-    if (const auto status = session->connect(); !status) return status.error();
-    agent->setName(session->driver_->stationName());
+    std::shared_ptr<SiteSession> session(new SiteSession(SiteDocument::create(agent, plugIns.bundles())));
+    const auto driver = session->connect();
+    if (!driver) return driver.error();
+    agent->setName((*driver)->stationName());
     return session;
 }
 
@@ -44,28 +43,26 @@ Result<std::shared_ptr<SiteSession>> SiteSession::open(const std::string& site, 
     if (namesSource(site)) return openSource(site, plugIns);
     auto document = SiteDocument::open(site, plugIns.bundles());
     if (!document) return document.error();
-    std::shared_ptr<SiteSession> session(new SiteSession);
-    session->document_ = *document;
+    std::shared_ptr<SiteSession> session(new SiteSession(*document));
     // A station that cannot be reached does not keep the document from opening.
-    if (const auto status = session->connect(); !status) session->trouble_ = status.error().message;
+    if (const auto driver = session->connect(); !driver) session->feed_.setTrouble(driver.error().message);
     return session;
 }
 
+SiteSession::SiteSession(std::shared_ptr<SiteDocument> document)
+    : document_(std::move(document)), feed_(document_->agent()) {}
+
 SiteSession::~SiteSession() {
     stop();
-    if (document_) document_->close();
+    document_->close();
 }
 
-Status SiteSession::connect() {
+DriverResult SiteSession::connect() {
     agent()->setDashboardWidgetsMaker(standardWidgets);
     auto driver = makeDriver(agent()->configuration());
-    if (!driver) return driver.error();
-    driver_ = *driver;
-    agent()->setClock([station = driver_] { return station->now(); });
-    agent()->history()->setLoader(driver_->historyLoader());
     // The properties must be there before a dashboard is built for them.
-    agent()->takeReading(driver_->currentReading());
-    return success();
+    if (driver) feed_.connect(*driver);
+    return driver;
 }
 
 void SiteSession::addCatalogue() {
@@ -88,34 +85,6 @@ void SiteSession::addCatalogue() {
 std::optional<std::string> SiteSession::catalogueTitle(const std::shared_ptr<ZORPlugIn>& dashboard) const {
     const auto found = catalogueTitles_.find(dashboard);
     return found == catalogueTitles_.end() ? std::nullopt : std::optional(found->second);
-}
-
-void SiteSession::readOnce() {
-    agent()->history()->setSynchronous(true);
-    // Once more: what is derived from the past was not there yet.
-    if (driver_) agent()->takeReading(driver_->currentReading());
-}
-
-void SiteSession::start(const std::shared_ptr<HistoryStore>& store) {
-    if (!driver_) return;
-    const bool keep = driver_->isLive() && store;
-    const std::string site = agent()->name();
-    if (keep && !driver_->historyLoader()) agent()->history()->setLoader(store->loader(site));
-    std::weak_ptr<Agent> station = agent();
-    driver_->start({.reading =
-                        [=](Reading reading) {
-                            if (keep) store->append(site, reading);
-                            if (auto owner = station.lock()) owner->takeReading(std::move(reading));
-                        },
-                    .trouble =
-                        [this](std::string sentence) {
-                            trouble_ = std::move(sentence);
-                            if (troubleObserver_) troubleObserver_();
-                        }});
-}
-
-void SiteSession::stop() {
-    if (driver_) driver_->stop();
 }
 
 }  // namespace zor

@@ -8,12 +8,11 @@
 #include <string>
 
 #include "app/PlugInLibrary.h"
+#include "app/StationFeed.h"
 #include "host/station/SiteDocument.h"
 #include "host/station/StationDriver.h"
 
 namespace zor {
-
-class HistoryStore;
 
 /// One open Site Document with the station behind it.
 class SiteSession {
@@ -36,24 +35,23 @@ public:
     /// differ. Nothing where the dashboard comes from a document.
     std::optional<std::string> catalogueTitle(const std::shared_ptr<ZORPlugIn>& dashboard) const;
     /// The newest reading and the history, at once and in this thread; nothing runs afterwards. For pictures.
-    void readOnce();
+    void readOnce() { feed_.readOnce(); }
     /// The station's readings arrive from now on. Live readings go to the history store where there is one.
-    void start(const std::shared_ptr<HistoryStore>& store);
-    void stop();
+    void start(const std::shared_ptr<HistoryStore>& store) { feed_.start(store); }
+    void stop() { feed_.stop(); }
 
     /// What is wrong with the station now; empty when it works.
-    const std::string& trouble() const { return trouble_; }
-    void setTroubleObserver(std::function<void()> observer) { troubleObserver_ = std::move(observer); }
+    const std::string& trouble() const { return feed_.trouble(); }
+    void setTroubleObserver(std::function<void()> observer) { feed_.setTroubleObserver(std::move(observer)); }
 
 private:
-    SiteSession() = default;
-    Status connect();
+    explicit SiteSession(std::shared_ptr<SiteDocument> document);
+    /// The driver that the document asks for, its station connected.
+    DriverResult connect();
 
-    std::shared_ptr<SiteDocument> document_;
+    const std::shared_ptr<SiteDocument> document_;
     std::map<std::weak_ptr<ZORPlugIn>, std::string, std::owner_less<>> catalogueTitles_;
-    std::shared_ptr<StationDriver> driver_;
-    std::string trouble_;
-    std::function<void()> troubleObserver_;
+    StationFeed feed_;
 };
 
 /// The driver of that name; the error names an unknown driver or what is wrong with the settings.
