@@ -5,7 +5,6 @@
 #include "app/window/Appearance.h"
 #include "app/window/Desktop.h"
 #include "app/window/SiteWindow.h"
-#include "qt/QtToolkit.h"
 
 namespace zor {
 
@@ -19,9 +18,6 @@ int run(std::span<const std::string> words) {
     DesktopRuntime runtime;
     applyChosenAppearance();
     Desktop desktop(runtime.plugIns());
-    static_cast<QtToolkit&>(Toolkit::current()).setHelpOpener([&](const std::string& anchor) {
-        desktop.showHelp(QString::fromStdString(anchor));
-    });
     if (words.empty()) desktop.openLast();
     for (const auto& word : words) desktop.openSite(QString::fromStdString(word), nullptr);
     if (desktop.windows().empty()) return 1;

@@ -15,6 +15,7 @@
 #include "app/window/WebAccess.h"
 #include "app/window/WebAccessDialog.h"
 #include "qt/PlainText.h"
+#include "qt/QtToolkit.h"
 
 namespace zor {
 
@@ -32,6 +33,11 @@ void tell(QWidget* parent, const QString& what, const std::string& why) {
     box.exec();
 }
 
+/// The one that shows windows.
+QtToolkit& toolkit() {
+    return static_cast<QtToolkit&>(Toolkit::current());
+}
+
 }  // namespace
 
 Desktop::Desktop(const PlugInLibrary& plugIns)
@@ -39,9 +45,13 @@ Desktop::Desktop(const PlugInLibrary& plugIns)
           std::vector<std::shared_ptr<SiteDocument>> documents;
           for (const auto& window : windows_) documents.push_back(window->controller().document());
           return documents;
-      })) {}
+      })) {
+    toolkit().setHelpOpener([this](const std::string& anchor) { showHelp(QString::fromStdString(anchor)); });
+}
 
-Desktop::~Desktop() = default;
+Desktop::~Desktop() {
+    toolkit().setHelpOpener({});
+}
 
 bool Desktop::openSite(const QString& site, QWidget* parent) {
     const bool isFile = site != demoSite && !namesSource(site.toStdString());

@@ -19,7 +19,8 @@ class SiteWindow;
 class WebAccess;
 class WebAccessDialog;
 
-/// The application with its windows: one for each open Site Document, and the help.
+/// The application with its windows: one for each open Site Document, and the help, which the plug-ins open too. Needs
+/// a QtToolkit.
 class Desktop {
 public:
     explicit Desktop(const PlugInLibrary& plugIns);

@@ -7,44 +7,17 @@
 #include <QMenu>
 #include <QMenuBar>
 
-#include "app/Runtime.h"
-#include "app/window/Desktop.h"
 #include "app/window/SiteWindow.h"
 #include "host/foundation/UndoManager.h"
 #include "host/instruments/ZORWidgetHostView.h"
 #include "host/views/Toolkit.h"
-#include "tests/support/TemporaryFolder.h"
+#include "tests/app/window/TestDesktop.h"
 
 namespace zor {
 namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-/// One application for all tests, in a home of its own.
-class Application : public ::testing::Environment {
-    void SetUp() override {
-        for (const char* name : {"HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME"}) {
-            setenv(name, home_.path().c_str(), 1);
-        }
-        runtime_ = std::make_unique<DesktopRuntime>();
-        desktop = std::make_unique<Desktop>(runtime_->plugIns());
-        ASSERT_TRUE(desktop->openSite("demo", nullptr));
-    }
-    void TearDown() override {
-        desktop.reset();
-        runtime_.reset();
-    }
-
-public:
-    static inline std::unique_ptr<Desktop> desktop;
-
-private:
-    test::TemporaryFolder home_;
-    std::unique_ptr<DesktopRuntime> runtime_;
-};
-
-[[maybe_unused]] const auto* const application = ::testing::AddGlobalTestEnvironment(new Application);
 
 class DashboardMenusTest : public ::testing::Test {
 protected:
@@ -65,7 +38,7 @@ protected:
         controller.selectPlugInAtIndex(0);
     }
 
-    static SiteWindow& window() { return *Application::desktop->windows().front(); }
+    static SiteWindow& window() { return test::siteWindow(); }
     static std::shared_ptr<ZORPlugIn> dashboard() { return window().selectedDashboard(); }
     static std::shared_ptr<View> canvas() { return dashboard()->valueForKey("editView").as<View>(); }
     static std::shared_ptr<ZORWidgetHostView> widget(std::size_t index) {
