@@ -10,7 +10,7 @@ namespace zor {
 namespace {
 
 /// A timer that comes a moment early would find the old minute and come again.
-constexpr std::chrono::milliseconds margin{5};
+constexpr std::chrono::milliseconds pastTheMinute{5};
 
 }  // namespace
 
@@ -26,7 +26,7 @@ MinuteTimer::MinuteTimer() {
 
 std::chrono::milliseconds MinuteTimer::waitFrom(Seconds time) {
     const double rest = 60 - std::fmod(time, 60.0);
-    return std::chrono::milliseconds(static_cast<std::int64_t>(rest * 1000)) + margin;
+    return std::chrono::milliseconds(static_cast<std::int64_t>(rest * 1000)) + pastTheMinute;
 }
 
 void MinuteTimer::arm() {
