@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QTimer>
+#include <cmath>
 #include <cstdint>
 #include <functional>
 
@@ -65,7 +66,7 @@ TEST_F(MinuteTimerTest, WaitsForTheNextFullMinuteAndHardlyLonger) {
         EXPECT_LE(MinuteTimer::waitFrom(from), least + milliseconds(10));
     };
     expectWait(kMinute - 0.25, milliseconds(250));
-    expectWait(kMinute - 0.0000001, milliseconds(0));
+    expectWait(std::nextafter(kMinute, 0), milliseconds(0));
     expectWait(kMinute, milliseconds(60000));
     expectWait(kMinute + 0.5, milliseconds(59500));
     expectWait(kMinute + 45, milliseconds(15000));
