@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
 #include <QPushButton>
@@ -51,7 +52,10 @@ StationDialog::StationDialog(QWidget* parent) : QDialog(parent) {
     fileRow->addWidget(browse_);
     auto* form = new QFormLayout(this);
     form->addRow(tr("&Station:"), driver_);
-    form->addRow(tr("&Archive:"), fileRow);
+    // Beside a layout a form gives its label no buddy, and the mark of the key would be seen.
+    auto* fileLabel = new QLabel(tr("&Archive:"), this);
+    fileLabel->setBuddy(file_);
+    form->addRow(fileLabel, fileRow);
     form->addRow(tr("S&peed:"), speed_);
     form->addRow(tr("S&eed:"), seed_);
     form->addRow(tr("&Name:"), name_);

@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QSpinBox>
 #include <stdexcept>
@@ -44,6 +45,12 @@ TEST_F(StationDialogTest, AsksForSpeedAndSeedOfTheSimulatedStationOnly) {
     chooseStation("simulated");
     EXPECT_TRUE(widget<QDoubleSpinBox>("speed").isEnabled());
     EXPECT_TRUE(widget<QSpinBox>("seed").isEnabled());
+}
+
+TEST_F(StationDialogTest, EveryLabelsKeyLeadsToItsField) {
+    for (const auto* label : dialog.findChildren<QLabel*>()) {
+        EXPECT_TRUE(label->buddy()) << label->text().toStdString();
+    }
 }
 
 TEST_F(StationDialogTest, UntouchedIsTheWeatherOfTheDemoInRealTime) {
