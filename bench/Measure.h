@@ -1,7 +1,7 @@
 #pragma once
 // Times, memory, and a table of both. Absolute times mean little on a shared machine: compare within one run.
 
-#include <malloc.h>
+#include <gperftools/malloc_extension_c.h>
 #include <sys/resource.h>
 #include <time.h>
 
@@ -62,10 +62,11 @@ inline double processorMilliseconds() {
     return milliseconds(usage.ru_utime) + milliseconds(usage.ru_stime);
 }
 
-/// Bytes of the heap in use.
+/// Bytes of the heap in use, of programs with the quick allocator.
 inline double heapBytes() {
-    const auto heap = mallinfo2();
-    return static_cast<double>(heap.uordblks) + static_cast<double>(heap.hblkhd);
+    std::size_t bytes = 0;
+    MallocExtension_GetNumericProperty("generic.current_allocated_bytes", &bytes);
+    return static_cast<double>(bytes);
 }
 
 inline void printHeading(const std::string& what, const char* first, const char* second) {

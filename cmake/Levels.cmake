@@ -11,6 +11,8 @@ set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 include_directories("${CMAKE_SOURCE_DIR}")
+# Nobody replaces functions of the shared library from outside, so that they may be inlined within it.
+add_compile_options(-fno-semantic-interposition)
 
 find_program(ZOR_MOLD mold)
 if(ZOR_MOLD)
@@ -58,6 +60,14 @@ endfunction()
 function(zor_precompile target)
     target_precompile_headers(${target} PRIVATE <algorithm> <functional> <map> <memory> <optional> <string>
                               <string_view> <variant> <vector>)
+endfunction()
+
+# zor_quick_allocator(TARGET): a program that makes and lets go of many small objects, with an allocator that is a fifth
+# to a third quicker at it. The sanitizers bring their own.
+function(zor_quick_allocator target)
+    if(NOT ZOR_SANITIZER)
+        target_link_libraries(${target} PRIVATE -Wl,--push-state,--no-as-needed tcmalloc_minimal -Wl,--pop-state)
+    endif()
 endfunction()
 
 # zor_tests(NAME FOLDER LIBRARY...): one GoogleTest program for a folder of tests, each test known to CTest.

@@ -44,6 +44,10 @@ public:
     virtual Point decodePoint(std::string_view key) = 0;
     virtual Size decodeSize(std::string_view key) = 0;
     virtual Value decodeValue(std::string_view key) = 0;
+    /// Nothing where the key is missing.
+    virtual std::optional<Value> decodeValueIfPresent(std::string_view key) {
+        return containsValueForKey(key) ? std::optional(decodeValue(key)) : std::nullopt;
+    }
     /// The reader's side of the archive: what the caller put there, such as the site window controller; may be absent.
     virtual ObjectPtr context(std::string_view name) const = 0;
 

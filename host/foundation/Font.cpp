@@ -4,6 +4,17 @@
 
 namespace zor {
 
+namespace {
+
+std::optional<Font> converted(const Value& value) {
+    const auto family = value["family"].string();
+    const auto size = value["size"].number();
+    if (!family || family->empty() || !size || !std::isfinite(*size) || *size <= 0) return {};
+    return Font{*family, *size, value["bold"].asBool(), value["italic"].asBool()};
+}
+
+}  // namespace
+
 Font Font::named(std::string_view name, double size) {
     // The style word stands last, and a family of its own must remain before it.
     const auto takeStyle = [&name](std::string_view style) {
@@ -30,10 +41,16 @@ Value ValueConversion<Font>::to(const Font& value) {
 }
 
 std::optional<Font> ValueConversion<Font>::from(const Value& value) {
-    const auto family = value["family"].string();
-    const auto size = value["size"].number();
-    if (!family || family->empty() || !size || !std::isfinite(*size) || *size <= 0) return {};
-    return Font{*family, *size, value["bold"].asBool(), value["italic"].asBool()};
+    // Archives hold equal fonts once, so that one dictionary comes again and again.
+    struct Converted {
+        std::shared_ptr<const Value::Dictionary> from;
+        std::optional<Font> font;
+    };
+    thread_local Converted last;
+    auto dictionary = value.sharedDictionary();
+    if (!dictionary) return {};
+    if (dictionary != last.from) last = {std::move(dictionary), converted(value)};
+    return last.font;
 }
 
 }  // namespace zor

@@ -6,8 +6,9 @@ std::optional<PropertyList::Index> ObjectDecoder::find(std::string_view key) con
     std::string escaped;
     if (key.starts_with('$')) key = escaped = '$' + std::string(key);
     for (std::size_t tried = 0; tried < keys_.size(); ++tried) {
-        if (list_.string(keys_[cursor_]) == key) return values_[cursor_];
-        if (++cursor_ == keys_.size()) cursor_ = 0;
+        if (cursor_ == keys_.size()) cursor_ = 0;
+        const std::size_t place = cursor_++;
+        if (list_.string(keys_[place]) == key) return values_[place];
     }
     return {};
 }
@@ -28,7 +29,7 @@ Value ObjectDecoder::number(std::string_view key) const {
     }
 }
 
-Value ObjectDecoder::decodeValue(std::string_view key) {
+std::optional<Value> ObjectDecoder::decodeValueIfPresent(std::string_view key) {
     const auto node = find(key);
     if (!node) return {};
     auto taken = reader_.take(*node, number_);

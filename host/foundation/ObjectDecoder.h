@@ -22,7 +22,8 @@ public:
     Rect decodeRect(std::string_view key) override { return geometry(key, rectFromString, &Value::rect); }
     Point decodePoint(std::string_view key) override { return geometry(key, pointFromString, &Value::point); }
     Size decodeSize(std::string_view key) override { return geometry(key, sizeFromString, &Value::size); }
-    Value decodeValue(std::string_view key) override;
+    Value decodeValue(std::string_view key) override { return decodeValueIfPresent(key).value_or(Value()); }
+    std::optional<Value> decodeValueIfPresent(std::string_view key) override;
     ObjectPtr context(std::string_view name) const override;
 
     /// Why the first value that was asked for and cannot be decoded cannot be.
@@ -50,7 +51,7 @@ private:
     const std::span<const PropertyList::Index> keys_;
     const std::span<const PropertyList::Index> values_;
     const ArchiveReader::Number number_;
-    /// At the last key found. Values are mostly asked for in the order in which they were written, or asked for twice.
+    /// Behind the last key found: values are mostly asked for in the order in which they were written.
     mutable std::size_t cursor_ = 0;
     ArchiveFailure failure_;
 };

@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <optional>
 #include <span>
 
@@ -61,6 +62,7 @@ public:
     bool number(double& value) {
         skipSpace();
         if (rest_.starts_with('+') && !rest_.starts_with("+-")) rest_.remove_prefix(1);
+        if (wholeNumber(value)) return true;
         const auto [end, error] = std::from_chars(rest_.data(), rest_.data() + rest_.size(), value);
         if (error != std::errc{}) return false;
         rest_.remove_prefix(static_cast<std::size_t>(end - rest_.data()));
@@ -78,6 +80,25 @@ public:
     }
 
 private:
+    /// The short whole numbers that most coordinates are, which need no rounding.
+    bool wholeNumber(double& value) {
+        constexpr std::size_t mostDigits = 15;
+        const std::size_t start = rest_.starts_with('-') ? 1 : 0;
+        std::size_t end = start;
+        std::int64_t whole = 0;
+        const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+        for (; end < rest_.size() && isDigit(rest_[end]); ++end) {
+            if (end - start == mostDigits) return false;
+            whole = whole * 10 + (rest_[end] - '0');
+        }
+        if (end == start) return false;
+        if (end < rest_.size() && (rest_[end] == '.' || rest_[end] == 'e' || rest_[end] == 'E')) return false;
+        // Minus zero keeps its sign.
+        value = start ? -static_cast<double>(whole) : static_cast<double>(whole);
+        rest_.remove_prefix(end);
+        return true;
+    }
+
     void skipSpace() {
         const auto isSpace = [](char c) { return c == ' ' || (c >= '\t' && c <= '\r'); };
         while (!rest_.empty() && isSpace(rest_.front())) rest_.remove_prefix(1);

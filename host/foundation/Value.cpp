@@ -122,6 +122,11 @@ std::shared_ptr<const Value::Array> Value::sharedArray() const {
     return array ? *array : nullptr;
 }
 
+std::shared_ptr<const Value::Dictionary> Value::sharedDictionary() const {
+    const auto* dictionary = std::get_if<std::shared_ptr<const Dictionary>>(&state_);
+    return dictionary ? *dictionary : nullptr;
+}
+
 std::optional<double> Value::number() const {
     if (const auto* integer = std::get_if<std::int64_t>(&state_)) return static_cast<double>(*integer);
     if (const auto* real = std::get_if<double>(&state_)) return *real;

@@ -59,8 +59,7 @@ public:
     Value(std::shared_ptr<const Dictionary> value);
     Value(ObjectPtr value);
     template <typename T>
-        requires std::is_base_of_v<Object, T>
-    Value(std::shared_ptr<T> value) : Value(ObjectPtr(std::move(value))) {}
+    requires std::is_base_of_v<Object, T> Value(std::shared_ptr<T> value) : Value(ObjectPtr(std::move(value))) {}
     /// Geometry travels as an array of numbers: [x, y], [w, h], [x, y, w, h].
     Value(Point value);
     Value(Size value);
@@ -93,6 +92,7 @@ public:
     /// The content itself, not a copy; empty for a value of another kind.
     std::shared_ptr<const Bytes> sharedData() const;
     std::shared_ptr<const Array> sharedArray() const;
+    std::shared_ptr<const Dictionary> sharedDictionary() const;
     /// An integer or a real, not a boolean.
     std::optional<double> number() const;
     std::optional<std::string> string() const;

@@ -8,9 +8,9 @@ namespace zor {
 namespace {
 
 /// What an archive holds for a setting. Writers may store a boolean as an integer.
-Value storedValue(Decoder& decoder, const Setting& setting) {
-    const Value value = decoder.decodeValue(setting.name);
-    if (setting.kind == SettingKind::boolean && value.isInteger()) return value.asInteger() != 0;
+std::optional<Value> storedValue(Decoder& decoder, const Setting& setting) {
+    auto value = decoder.decodeValueIfPresent(setting.name);
+    if (value && setting.kind == SettingKind::boolean && value->isInteger()) return value->asInteger() != 0;
     return value;
 }
 
@@ -52,9 +52,7 @@ bool ZORInstrumentView::initWithCoder(Decoder& decoder) {
     if (!View::initWithCoder(decoder)) return false;
     for (const auto& setting : settings()) {
         // A refused value leaves the default, which is all that can be done with a bad file.
-        if (decoder.containsValueForKey(setting.name)) {
-            (void)applySetting(*this, setting, storedValue(decoder, setting));
-        }
+        if (const auto value = storedValue(decoder, setting)) (void)applySetting(*this, setting, *value);
     }
     return true;
 }

@@ -142,7 +142,7 @@ void ZORPlotView::observe(bool observing) {
 bool ZORPlotView::initWithCoder(Decoder& decoder) {
     if (!LinkedInstrumentView::initWithCoder(decoder)) return false;
     // A code that this version does not offer is kept all the same.
-    if (decoder.containsValueForKey("period")) (void)setValueForKey("period", decoder.decodeValue("period"));
+    if (const auto period = decoder.decodeValueIfPresent("period")) (void)setValueForKey("period", *period);
     return true;
 }
 
