@@ -12,8 +12,8 @@ namespace zor {
 namespace {
 
 constexpr qsizetype offsetDigits = 10;
-/// Higher levels take twice as long and save a tenth.
-constexpr int pageCompression = 4;
+/// Higher levels take two to three times as long and save a tenth.
+constexpr int pageCompression = 1;
 
 /// Replaces bytes, in the order of the document, and corrects the table of offsets at its end.
 class Edits {
