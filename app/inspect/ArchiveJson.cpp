@@ -161,7 +161,7 @@ private:
             const Json key = node(keys[at], depth + 1);
             // Nested quotes would double with each level.
             const auto shown = key.is_string() ? key.get<std::string>() : key.is_primitive() ? key.dump() : leftOut;
-            result[std::string(shown)] = node(items[at], depth + 1);
+            result[shown] = node(items[at], depth + 1);
         }
         return result;
     }

@@ -38,7 +38,7 @@ void LinkedInstrumentView::setProperty(const std::shared_ptr<Property>& property
 
 void LinkedInstrumentView::setPropertyName(const std::optional<std::string>& name) {
     if (!name) return unlink();
-    linkProperty(*name, ask(station(), [&](const Agent& agent) { return agent.properties().find(*name); }));
+    linkProperty(*name, ask(agentAbove(), [&](const Agent& agent) { return agent.properties().find(*name); }));
 }
 
 void LinkedInstrumentView::linkProperty(const std::string& name, const std::shared_ptr<Property>& property) {
@@ -99,7 +99,7 @@ std::optional<double> LinkedInstrumentView::currentValue() const {
     return ask(property_, [](const Property& property) { return property.valueInUnit(); });
 }
 
-std::shared_ptr<Agent> LinkedInstrumentView::station() const {
+std::shared_ptr<Agent> LinkedInstrumentView::agentAbove() const {
     for (const Responder* responder = this; responder; responder = responder->nextResponder()) {
         if (const auto* plugIn = dynamic_cast<const ZORPlugIn*>(responder)) return plugIn->agent();
     }
@@ -113,7 +113,7 @@ Seconds LinkedInstrumentView::stationTime() const {
 
 void LinkedInstrumentView::linkToAgentAbove() {
     if (!propertyName_ || property_) return;
-    const auto agent = station();
+    const auto agent = agentAbove();
     // Without a property of that name nothing changes, so that nothing is told.
     if (const auto found = agent ? agent->properties().find(*propertyName_) : nullptr) {
         linkProperty(*propertyName_, found);

@@ -82,8 +82,10 @@ protected:
     virtual void propertyChanged();
     /// In the unit shown; nothing without a live, fresh value.
     std::optional<double> currentValue() const;
-    /// The station that it shows: that of the plug-in that the view tree belongs to, or none.
-    virtual std::shared_ptr<Agent> station() const;
+    /// The station of the plug-in that the view tree belongs to, or none.
+    std::shared_ptr<Agent> agentAbove() const;
+    /// The station whose time and past it shows: that above it, unless it has one of its own.
+    virtual std::shared_ptr<Agent> station() const { return agentAbove(); }
     /// Now for that station, or for the computer where there is none.
     Seconds stationTime() const;
 

@@ -104,7 +104,7 @@ void ZORPlotView::drawRect(DrawingContext& context, const Rect&) {
 
 std::shared_ptr<Agent> ZORPlotView::station() const {
     const auto own = agent();
-    return own ? own : LinkedInstrumentView::station();
+    return own ? own : agentAbove();
 }
 
 std::shared_ptr<History> ZORPlotView::history() const {

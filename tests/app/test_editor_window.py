@@ -105,6 +105,12 @@ class EditorWindowTest(WindowTestCase):
                        check=True, timeout=60)
         return file
 
+    def settled_canvas(self, name):
+        return self.settled(name, take=self.canvas_picture, colours=1)
+
+    def wait_until_canvas_is(self, picture, name):
+        wait_for(lambda: self.differ(picture, self.canvas_picture(name)) == 0, name)
+
     def insert_box_and_find_it(self):
         """A box of 256 by 256 points whose top left corner is 20 points above and left of the click."""
         self.insert_box(500, 300)
@@ -153,7 +159,7 @@ class EditorWindowTest(WindowTestCase):
         self.assertEqual(len(self.frames()), 1)
 
     def test_the_band_shows_crawls_and_goes(self):
-        before = self.canvas_picture("before")
+        before = self.settled_canvas("before")
         self.move(480, 230)
         self.xdotool("mousedown", 1)
         self.move(600, 300)
@@ -168,7 +174,7 @@ class EditorWindowTest(WindowTestCase):
         # Most of two lines of 220 and two of 190 points, of which each dash moves.
         self.assertGreater(self.differ(before, band), 400)
         self.assertGreater(self.differ(band, crawled), 50)
-        self.assertEqual(self.differ(before, self.canvas_picture("after")), 0)
+        self.wait_until_canvas_is(before, "after")
 
     def test_a_band_scrolls_at_the_edge(self):
         self.xdotool("windowsize", "--sync", self.window, 900, 600)
@@ -191,19 +197,19 @@ class EditorWindowTest(WindowTestCase):
 
     def test_a_click_selects_and_shows_the_handle(self):
         self.insert_box_and_find_it()
-        before = self.canvas_picture("before")
+        before = self.settled_canvas("before")
         self.click(560, 360)
         time.sleep(0.6)
-        self.assertGreater(self.differ(before, self.canvas_picture("selected")), 500)
+        wait_for(lambda: self.differ(before, self.canvas_picture("selected")) > 500, "selected")
         self.click(900, 700)
         time.sleep(0.6)
-        self.assertEqual(self.differ(before, self.canvas_picture("unselected")), 0)
+        self.wait_until_canvas_is(before, "unselected")
 
     def test_the_context_menu_leaves_and_enters_edit_mode(self):
-        edited = self.canvas_picture("edited")
+        edited = self.settled_canvas("edited")
         self.choose_in_context_menu(600, 400, "Up")
         self.move(20, 500)
-        viewed = self.canvas_picture("viewed")
+        viewed = self.settled_canvas("viewed")
         # The grid.
         self.assertGreater(self.differ(edited, viewed), 1000)
         self.click(600, 400)
@@ -211,7 +217,7 @@ class EditorWindowTest(WindowTestCase):
         self.assertEqual(self.differ(viewed, self.canvas_picture("pressed")), 0)
         self.choose_in_context_menu(600, 400, "Down")
         self.move(20, 500)
-        self.assertEqual(self.differ(edited, self.canvas_picture("edited again")), 0)
+        self.wait_until_canvas_is(edited, "edited again")
 
     def test_a_picture_is_chosen_by_the_keyboard_alone(self):
         picture = self.path / "red.png"

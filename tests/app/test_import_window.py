@@ -65,10 +65,10 @@ class SelectionWindow(WithSelectionWindow):
 
     def test_a_click_on_a_picture_chooses_and_the_second_page_shows_it_large(self):
         window = self.open_selection()
-        first = self.picture("first", window)
+        first = self.settled("first", window, moving=2000)
         self.click_in(window, FOURTH_ROW)
         wait_for(lambda: self.differ(first, self.picture("fourth", window)) > 20000, "another preview")
-        fourth = self.picture("fourth", window)
+        fourth = self.settled("fourth", window, moving=2000)
         self.click_in(window, CONTINUE)
         wait_for(lambda: self.differ(fourth, self.picture("large", window)) > 50000, "the second page")
         self.key("Return")
@@ -88,7 +88,7 @@ class SelectionWindow(WithSelectionWindow):
 
     def test_tab_reaches_every_button(self):
         window = self.open_selection()
-        first = self.picture("first", window)
+        first = self.settled("first", window, moving=2000)
         # Past Import and Cancel.
         self.key("Tab", "Tab", "Tab", "space")
         wait_for(lambda: self.differ(first, self.picture("large", window)) > 50000, "the second page")
@@ -159,7 +159,7 @@ class Unlinked(WithSelectionWindow):
         # Nothing opens by itself.
         self.assertEqual(self.xdotool("search", "--onlyvisible", "--name", "Unlinked Instruments"), "")
         window = self.open_list()
-        shown = self.picture("list", window)
+        shown = self.settled("list", window)
         self.click_in(window, FIRST_LINK)
         wait_for(lambda: self.differ(shown, self.picture("shorter", window)) > 200, "one row fewer")
         wait_for(lambda: "*" in self.title(), "the document counts as changed")
@@ -175,8 +175,8 @@ class Unlinked(WithSelectionWindow):
     def test_another_property_can_be_chosen(self):
         self.import_the_roof()
         window = self.open_list()
-        shown = self.picture("list", window)
-        screen = self.picture("screen", "root")
+        shown = self.settled("list", window)
+        screen = self.settled("screen", "root", moving=2000)
         self.click_in(window, FIRST_CHOOSER)
         wait_for(lambda: self.differ(screen, self.picture("choices", "root")) > 20000, "the choices")
         self.key("Down", "Return")

@@ -35,7 +35,7 @@ class SeparateWindow(WindowTestCase):
         wait_for(lambda: self.widgets_saved() == before, "the dashboard is saved with them again")
 
     def test_closed_by_key_it_goes_alone_and_can_be_opened_again(self):
-        alone = self.picture("elsewhere", self.site_window)
+        alone = self.settled("elsewhere", self.site_window, moving=2000)
         self.activate(self.own_window)
         self.key("ctrl+w")
         wait_for(lambda: not self.is_shown(), "the window is gone")

@@ -119,7 +119,7 @@ class WebAccessTest(WindowTestCase):
             other.listen()
             self.open(self.make_site())
             self.show_dialog()
-            before = self.picture("before", self.dialog)
+            before = self.settled("before", self.dialog)
             self.key("alt+s")
             wait_for(lambda: self.height(self.dialog) > self.height_of(before), "the dialog says more")
         # Chosen again once the port is free.

@@ -17,7 +17,7 @@ class WindowTest(WindowTestCase):
 
     def test_choosing_in_the_list_shows_another_dashboard(self):
         self.open(self.make_site())
-        first = self.picture("first")
+        first = self.settled("first", moving=2000)
         self.click(80, 100)
         wait_for(lambda: self.differ(first, self.picture("second")) > 20000, "another dashboard")
 

@@ -125,6 +125,23 @@ class WindowTestCase(unittest.TestCase):
                        timeout=60)
         return file
 
+    def settled(self, name, window=None, take=None, moving=0, colours=4):
+        """The picture once the window has been drawn: so many colours at least, and twice the same but for so many
+        pixels that move by themselves."""
+        take = take or (lambda each: self.picture(each, window))
+        last = take(name + " earlier")
+
+        def is_still():
+            nonlocal last
+            now = take(name)
+            count = subprocess.run(["identify", "-format", "%k", now], capture_output=True, text=True, check=True)
+            still = int(count.stdout) >= colours and self.differ(last, now) <= moving
+            last = now.rename(now.with_stem(name + " earlier"))
+            return still
+
+        wait_for(is_still, f"{name} drawn")
+        return last
+
     def differ(self, one, other):
         run = subprocess.run(["compare", "-metric", "AE", "-fuzz", "5%", one, other, "null:"], capture_output=True,
                              text=True)

@@ -86,6 +86,17 @@ TEST_F(PlotView, TodayIsTheStationsDay) {
     EXPECT_EQ(drawn(*copy).operationsNamed("strokePolyline").size(), 1u);
 }
 
+TEST_F(PlotView, LinksToTheStationAboveItAlsoWithOneOfItsOwn) {
+    const auto above = Agent::withName("Roof");
+    const auto property = above->addProperty(kOutdoorTemperature, "Roof", Quantity::temperature);
+    agent->addProperty(kOutdoorTemperature, "Garden", Quantity::temperature);
+    plot->setAgent(agent);
+    const auto plugIn = test::TestPlugIn::withAgent(above);
+    plugIn->view()->addSubview(plot);
+    plot->setPropertyName(std::string(kOutdoorTemperature));
+    EXPECT_EQ(plot->property(), property);
+}
+
 TEST_F(PlotView, PlacesSamplesByTimeAndValue) {
     add(kOutdoorTemperature, 20, {{midnight + 6 * hour, 20}, {midnight + 6 * hour + 600, 30}});
     const auto curve = lines();
