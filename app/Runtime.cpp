@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QPixmapCache>
 #include <QSocketNotifier>
 #include <cstdlib>
 
@@ -90,6 +91,8 @@ HeadlessRuntime::HeadlessRuntime(std::unique_ptr<Toolkit> (*makeToolkit)()) {
 
 DesktopRuntime::DesktopRuntime() {
     auto application = std::make_unique<QApplication>(argumentCount, argumentValues);
+    // In KiB: the widgets' arrows and icons, which need far less than is usual.
+    QPixmapCache::setCacheLimit(2048);
     begin(std::move(application), std::make_unique<QtToolkit>());
     // A person saves here and there; scripts touch nothing but the files that they name.
     if (const auto folder = dataFolder()) keepWritingNotesIn(*folder / "unfinished");

@@ -16,8 +16,9 @@ namespace {
 
 /// The size, in points, at which text is shaped.
 constexpr int shapingSize = 1000;
-/// Texts change all the time; beyond this many the cache starts anew.
-constexpr std::size_t mostBlocks = 4096;
+/// Beyond so many fonts, and sizes of one, they are made anew.
+constexpr std::size_t mostFonts = 64;
+constexpr std::size_t mostSizes = 256;
 
 /// The first family of the list that is installed stands for those of the same look that are not.
 QString installedFamily(const std::string& wanted) {
@@ -121,12 +122,8 @@ Size QtFonts::sizeOfText(std::string_view text, const Font& font) {
 
 const TextBlock& QtFonts::block(std::string_view text, const Font& font) {
     const std::string key = faceKey(font) + '\n' + shortestNumber(font.size) + '\n' + std::string(text);
-    if (const auto known = blocks_.find(key); known != blocks_.end()) return known->second;
-    if (blocks_.size() >= mostBlocks) {
-        blocks_.clear();
-        scaledFonts_.clear();
-    }
-    TextBlock& block = blocks_[key];
+    if (const TextBlock* known = blocks_.find(key)) return *known;
+    TextBlock& block = blocks_.add(key);
     if (!isDrawable(font)) return block;
     block = shaped(text, font);
     const double factor = font.size / shapingSize;
@@ -146,9 +143,8 @@ const TextBlock& QtFonts::block(std::string_view text, const Font& font) {
 
 const TextBlock& QtFonts::shaped(std::string_view text, const Font& font) {
     const std::string key = faceKey(font) + '\n' + std::string(text);
-    if (const auto known = shaped_.find(key); known != shaped_.end()) return known->second;
-    if (shaped_.size() >= mostBlocks) shaped_.clear();
-    TextBlock& block = shaped_[key];
+    if (const TextBlock* known = shaped_.find(key)) return *known;
+    TextBlock& block = shaped_.add(key);
     const Face& face = this->face(font);
     block.ascent = face.metrics.ascent;
     block.lineHeight = face.metrics.ascent + face.metrics.descent;
@@ -159,7 +155,11 @@ const TextBlock& QtFonts::shaped(std::string_view text, const Font& font) {
 
 const QRawFont& QtFonts::scaled(const QRawFont& font, double size) {
     auto known = std::ranges::find(scaledFonts_, font, &std::pair<QRawFont, std::map<double, QRawFont>>::first);
-    if (known == scaledFonts_.end()) known = scaledFonts_.insert(known, {font, {}});
+    if (known == scaledFonts_.end()) {
+        if (scaledFonts_.size() >= mostFonts) scaledFonts_.clear();
+        known = scaledFonts_.insert(scaledFonts_.end(), {font, {}});
+    }
+    if (known->second.size() >= mostSizes) known->second.clear();
     auto [entry, isNew] = known->second.try_emplace(size, font);
     if (isNew) entry->second.setPixelSize(size);
     return entry->second;

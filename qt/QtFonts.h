@@ -8,12 +8,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "host/foundation/Font.h"
 #include "host/foundation/Result.h"
 #include "host/views/Toolkit.h"
+#include "qt/RecentCache.h"
 
 namespace zor {
 
@@ -57,8 +57,9 @@ private:
     std::map<std::string, QString, std::less<>> families_;
     std::map<std::string, std::unique_ptr<Face>, std::less<>> faces_;
     std::vector<std::pair<QRawFont, std::map<double, QRawFont>>> scaledFonts_;
-    std::unordered_map<std::string, TextBlock> shaped_;
-    std::unordered_map<std::string, TextBlock> blocks_;
+    /// Texts change all the time.
+    RecentCache<TextBlock> shaped_{1024};
+    RecentCache<TextBlock> blocks_{1024};
 };
 
 }  // namespace zor

@@ -13,6 +13,13 @@
 
 namespace zor {
 
+namespace {
+
+/// In pixels: large enough for the toolbar on the finest screens. The pictures themselves are far larger.
+constexpr QSize largestIcon{96, 96};
+
+}  // namespace
+
 QIcon iconFrom(const std::shared_ptr<Image>& image) {
     if (!image || !image->data()) return {};
     // All dashboards show the same picture, which takes a while to decode.
@@ -21,7 +28,9 @@ QIcon iconFrom(const std::shared_ptr<Image>& image) {
     const QString key = QStringLiteral("icon ") + QString::fromLatin1(digest.toHex());
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
-        pixmap.loadFromData(image->data()->data(), static_cast<uint>(image->data()->size()));
+        if (pixmap.loadFromData(image->data()->data(), static_cast<uint>(image->data()->size()))) {
+            pixmap = pixmap.scaled(largestIcon, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        }
         QPixmapCache::insert(key, pixmap);
     }
     return QIcon(pixmap);

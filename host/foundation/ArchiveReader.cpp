@@ -17,6 +17,7 @@ ArchiveReader::ArchiveReader(const PropertyList& list, std::span<const Index> ob
       classes_(list, options.delegate),
       textAllowance_(fileSize),
       entryAllowance_(list.referenceCount()),
+      layouts_(list),
       slotOfNode_(list.size(), none) {
     // Levels are referred to while others are pushed.
     levels_.reserve(archive::deepestLevel);
@@ -36,7 +37,9 @@ ArchiveReader::Taken ArchiveReader::decode(std::uint64_t root) {
         }
         if (levels_.size() == depth) finishLevel();
     }
-    return takeObject(root, 0);
+    std::optional<Value> value;
+    const auto failure = takeObject(root, 0, value);
+    return {std::move(value).value_or(Value()), failure};
 }
 
 void ArchiveReader::visit(std::uint64_t reference) {
@@ -69,7 +72,8 @@ void ArchiveReader::begin(Number number, Index node) {
     Decoded& decoded = decoded_.emplace_back();
     decoded.node = node;
     decoded.number = number;
-    const auto reference = classReference(node);
+    KeyLayout* const layout = layouts_.of(list_.keys(node));
+    const auto reference = classReference(node, layout);
     if (!reference || list_.kind(*reference) != PropertyList::Kind::uid) return fail(decoded, Reason::noClass);
     const std::uint64_t classNumber = list_.uid(*reference);
     if (classNumber >= objects_.size()) {
@@ -84,28 +88,21 @@ void ArchiveReader::begin(Number number, Index node) {
             return;
         case Kind::object:
             decoded.value = Value(itsClass.record->create());
-            return push({.slot = slot, .second = list_.values(node)});
+            return push({.slot = slot, .second = list_.values(node), .layout = layout});
         case Kind::array:
         case Kind::dictionary:
             return beginContainer(slot);
         default: {
-            auto made = leaf(decoded);
-            decoded.value = std::move(made.value);
-            decoded.failure = made.failure;
+            std::optional<Value> value;
+            decoded.failure = takeLeaf(decoded, value);
+            if (value) decoded.value = *std::move(value);
         }
     }
 }
 
-std::optional<ArchiveReader::Index> ArchiveReader::classReference(Index node) {
-    // Writers store the key once, and so it is mostly found by its number.
-    const auto keys = list_.keys(node);
-    auto found = std::ranges::find(keys, classKey_);
-    if (found == keys.end()) {
-        found = std::ranges::find(keys, archive::classKey, [&](Index key) { return list_.string(key); });
-        if (found == keys.end()) return {};
-        classKey_ = *found;
-    }
-    return list_.values(node)[static_cast<std::size_t>(found - keys.begin())];
+std::optional<ArchiveReader::Index> ArchiveReader::classReference(Index node, const KeyLayout* layout) const {
+    const auto place = layout ? layout->classPlace() : KeyLayout::placeAmong(list_, list_.keys(node), archive::classKey);
+    return place ? std::optional(list_.values(node)[*place]) : std::nullopt;
 }
 
 void ArchiveReader::beginContainer(Slot slot) {
@@ -168,7 +165,7 @@ void ArchiveReader::finishLevel() {
 
 void ArchiveReader::fill(Level& level, Decoded& decoded) {
     if (!level.isContainer) {
-        ObjectDecoder decoder(*this, decoded.node, decoded.number);
+        ObjectDecoder decoder(*this, decoded.node, decoded.number, level.layout);
         const ObjectPtr object = decoded.value.asObject();
         if (!object || !object->initWithCoder(decoder)) decoded.value = {};
         decoded.failure = decoder.failure();
@@ -176,18 +173,17 @@ void ArchiveReader::fill(Level& level, Decoded& decoded) {
     }
     if (level.array) level.array->reserve(level.second.size());
     for (std::size_t index = 0; index < level.second.size(); ++index) {
-        auto item = take(level.second[index], decoded.number);
-        auto key = level.dictionary ? take(level.first[index], decoded.number) : Taken{};
-        if (item.failure || key.failure) {
-            decoded.failure = key.failure ? key.failure : item.failure;
-            return;
-        }
+        std::optional<Value> key;
+        if (level.dictionary) decoded.failure = take(level.first[index], decoded.number, key);
+        std::optional<Value> item;
+        if (!decoded.failure) decoded.failure = take(level.second[index], decoded.number, item);
+        if (decoded.failure) return;
         if (level.array) {
-            level.array->push_back(std::move(item.value));
-        } else if (!key.value.isString()) {
+            level.array->push_back(std::move(item).value_or(Value()));
+        } else if (!key || !key->isString()) {
             return fail(decoded, Reason::keyNotText);
-        } else if (!item.value.isAbsent()) {
-            level.dictionary->emplace(key.value.asString(), std::move(item.value));
+        } else if (item && !item->isAbsent()) {
+            level.dictionary->emplace(key->asString(), *std::move(item));
         }
     }
 }
@@ -196,8 +192,11 @@ void ArchiveReader::fail(Decoded& decoded, Reason reason) {
     decoded.failure = {reason, decoded.number};
 }
 
-ArchiveReader::Taken ArchiveReader::leaf(const Decoded& decoded) {
-    if (decoded.kind == Kind::null) return {Null{}};
+ArchiveFailure ArchiveReader::takeLeaf(const Decoded& decoded, std::optional<Value>& value) {
+    if (decoded.kind == Kind::null) {
+        value.emplace(Null{});
+        return {};
+    }
     const auto key = decoded.kind == Kind::string ? archive::stringKey
                      : decoded.kind == Kind::data ? archive::dataKey
                                                   : archive::timeKey;
@@ -206,11 +205,15 @@ ArchiveReader::Taken ArchiveReader::leaf(const Decoded& decoded) {
     const auto contentKind = content ? list_.kind(*content) : PropertyList::Kind::null;
     const bool isNumber = contentKind == PropertyList::Kind::real || contentKind == PropertyList::Kind::integer;
     if (decoded.kind == Kind::string && contentKind == PropertyList::Kind::string) {
-        return text(*content, decoded.number);
+        return takeText(*content, decoded.number, value);
     }
-    if (decoded.kind == Kind::data && contentKind == PropertyList::Kind::data) return plain(*content, decoded.number);
-    if (decoded.kind == Kind::date && isNumber) return {Date{plain(*content, decoded.number).value.asReal()}};
-    return {{}, {Reason::noContent, decoded.number}};
+    if (decoded.kind == Kind::data && contentKind == PropertyList::Kind::data) {
+        return takePlain(*content, decoded.number, value);
+    }
+    if (decoded.kind != Kind::date || !isNumber) return {Reason::noContent, decoded.number};
+    const bool isWhole = contentKind == PropertyList::Kind::integer;
+    value.emplace(Date{isWhole ? static_cast<double>(list_.integer(*content)) : list_.real(*content)});
+    return {};
 }
 
 std::optional<ArchiveReader::Index> ArchiveReader::plainNode(Index node) const {
@@ -229,56 +232,65 @@ std::optional<ArchiveReader::Index> ArchiveReader::plainNode(Index node) const {
     }
 }
 
-ArchiveReader::Taken ArchiveReader::take(Index node, Number holder) {
+ArchiveFailure ArchiveReader::take(Index node, Number holder, std::optional<Value>& value) {
     const bool isReference = list_.kind(node) == PropertyList::Kind::uid;
-    return isReference ? takeObject(list_.uid(node), holder) : plain(node, holder);
+    return isReference ? takeObject(list_.uid(node), holder, value) : takePlain(node, holder, value);
 }
 
-ArchiveReader::Taken ArchiveReader::takeObject(std::uint64_t reference, Number holder) {
+ArchiveFailure ArchiveReader::takeObject(std::uint64_t reference, Number holder, std::optional<Value>& value) {
     if (reference == 0) return {};
-    if (reference >= objects_.size()) return {{}, {Reason::referenceOutOfRange, holder, reference}};
+    if (reference >= objects_.size()) return {Reason::referenceOutOfRange, holder, reference};
     const Index node = objects_[reference];
     switch (list_.kind(node)) {
         case PropertyList::Kind::uid:
         case PropertyList::Kind::array:
-            return {{}, {Reason::notAnObject, static_cast<Number>(reference)}};
+            return {Reason::notAnObject, static_cast<Number>(reference)};
         case PropertyList::Kind::dictionary:
             break;
         default:
-            return plain(node, holder);
+            return takePlain(node, holder, value);
     }
     const Decoded& decoded = decoded_[slotOfNode_[node]];
-    if (decoded.failure) return {{}, decoded.failure};
-    if (!textAllowance_.take(decoded.value.asString().size())) return {{}, {Reason::textOutOfProportion, holder}};
-    return {decoded.value};
+    if (decoded.failure) return decoded.failure;
+    if (!textAllowance_.take(decoded.value.asString().size())) return {Reason::textOutOfProportion, holder};
+    value.emplace(decoded.value);
+    return {};
 }
 
-ArchiveReader::Taken ArchiveReader::plain(Index node, Number holder) {
+ArchiveFailure ArchiveReader::takePlain(Index node, Number holder, std::optional<Value>& value) {
     switch (list_.kind(node)) {
         case PropertyList::Kind::boolean:
-            return {list_.boolean(node)};
+            value.emplace(list_.boolean(node));
+            break;
         case PropertyList::Kind::integer:
-            return {list_.integer(node)};
+            value.emplace(list_.integer(node));
+            break;
         case PropertyList::Kind::real:
-            return {list_.real(node)};
+            value.emplace(list_.real(node));
+            break;
         case PropertyList::Kind::date:
-            return {list_.date(node)};
+            value.emplace(list_.date(node));
+            break;
         case PropertyList::Kind::string:
-            return list_.string(node) == archive::absentText ? Taken{} : text(node, holder);
+            if (list_.string(node) != archive::absentText) return takeText(node, holder, value);
+            break;
         case PropertyList::Kind::data: {
             const auto [known, isNew] = data_.try_emplace(node);
             if (isNew) known->second = list_.data(node);
-            return {known->second};
+            value.emplace(known->second);
+            break;
         }
         default:
-            return {};
+            break;
     }
+    return {};
 }
 
-ArchiveReader::Taken ArchiveReader::text(Index node, Number holder) {
+ArchiveFailure ArchiveReader::takeText(Index node, Number holder, std::optional<Value>& value) {
     const auto text = list_.string(node);
-    if (!textAllowance_.take(text.size())) return {{}, {Reason::textOutOfProportion, holder}};
-    return {text};
+    if (!textAllowance_.take(text.size())) return {Reason::textOutOfProportion, holder};
+    value.emplace(text);
+    return {};
 }
 
 }  // namespace zor

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "host/foundation/ArchivedClasses.h"
+#include "host/foundation/KeyLayouts.h"
 #include "host/foundation/TextAllowance.h"
 
 namespace zor {
@@ -32,9 +33,10 @@ public:
 
     const PropertyList& list() const { return list_; }
     const UnarchivingOptions& options() const { return options_; }
-    /// The value of a node that is a plain value or a reference to what is decoded already; `holder` is the object that
-    /// asks. Containers that are no objects of the archive are absent.
-    Taken take(Index node, Number holder);
+    /// Gives the value of a node that is a plain value or a reference to what is decoded already, or why it cannot;
+    /// `holder` is the object that asks. What is absent gives none, and so do containers that are no objects of the
+    /// archive.
+    ArchiveFailure take(Index node, Number holder, std::optional<Value>& value);
     /// The node itself, or the one that it refers to, where that is a plain value.
     std::optional<Index> plainNode(Index node) const;
 
@@ -71,6 +73,8 @@ private:
         std::size_t objectLevel = 0;
         std::shared_ptr<Value::Array> array = {};
         std::shared_ptr<Value::Dictionary> dictionary = {};
+        /// Of an object's keys, where it is known.
+        KeyLayout* layout = nullptr;
     };
 
     void visit(std::uint64_t reference);
@@ -81,11 +85,11 @@ private:
     void finishLevel();
     void fill(Level& level, Decoded& decoded);
     void fail(Decoded& decoded, ArchiveFailure::Reason reason);
-    Taken leaf(const Decoded& decoded);
-    Taken takeObject(std::uint64_t reference, Number holder);
-    std::optional<Index> classReference(Index node);
-    Taken plain(Index node, Number holder);
-    Taken text(Index node, Number holder);
+    ArchiveFailure takeLeaf(const Decoded& decoded, std::optional<Value>& value);
+    ArchiveFailure takeObject(std::uint64_t reference, Number holder, std::optional<Value>& value);
+    std::optional<Index> classReference(Index node, const KeyLayout* layout) const;
+    ArchiveFailure takePlain(Index node, Number holder, std::optional<Value>& value);
+    ArchiveFailure takeText(Index node, Number holder, std::optional<Value>& value);
 
     const PropertyList& list_;
     const std::span<const Index> objects_;
@@ -94,8 +98,7 @@ private:
     TextAllowance textAllowance_;
     /// How many entries containers may still have: no more, all together, than the file has references.
     std::size_t entryAllowance_;
-    /// The key of the class as most objects have it.
-    Index classKey_ = none;
+    KeyLayouts layouts_;
     std::deque<Decoded> decoded_;
     /// By node, so that one object under many numbers is decoded once. The node of a container's items leads to the
     /// container that has them, so that containers which share them are one.

@@ -233,10 +233,12 @@ private:
         const std::size_t first = tables_.references.size();
         if (!add(kind, first, offset, extentOf->header + references * referenceSize_, extentOf->count)) return false;
         std::size_t place = offset + extentOf->header;
-        for (std::size_t index = 0; index < references; ++index, place += referenceSize_) {
+        tables_.references.resize(first + references);
+        for (Index& reference : std::span(tables_.references).subspan(first)) {
             const std::uint64_t child = number(place, referenceSize_);
             if (child >= count_) return fail("a reference to an object that does not exist", place);
-            tables_.references.push_back(joined_.empty() ? static_cast<Index>(child) : joined_[child]);
+            reference = joined_.empty() ? static_cast<Index>(child) : joined_[child];
+            place += referenceSize_;
         }
         return true;
     }

@@ -2,6 +2,7 @@
 // A hash index into a table that its owner keeps: numbers by hash, in one block of memory.
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace zor {
@@ -30,6 +31,16 @@ public:
             ++used_;
         }
         return slot.number;
+    }
+
+    /// The number whose entry `matches`, or none.
+    template <typename Matches>
+    std::optional<Number> find(std::uint64_t hash, Matches&& matches) const {
+        if (slots_.empty()) return {};
+        const auto mark = static_cast<std::uint32_t>(hash);
+        const Slot& slot =
+            slots_[place(mark, [&](const Slot& taken) { return taken.mark == mark && matches(taken.number); })];
+        return slot.number == empty ? std::nullopt : std::optional(slot.number);
     }
 
 private:

@@ -1,5 +1,6 @@
 #include "host/foundation/Font.h"
 
+#include <array>
 #include <cmath>
 
 namespace zor {
@@ -41,16 +42,24 @@ Value ValueConversion<Font>::to(const Font& value) {
 }
 
 std::optional<Font> ValueConversion<Font>::from(const Value& value) {
-    // Archives hold equal fonts once, so that one dictionary comes again and again.
+    // Archives hold equal fonts once, so that a few dictionaries come again and again.
     struct Converted {
         std::shared_ptr<const Value::Dictionary> from;
         std::optional<Font> font;
     };
-    thread_local Converted last;
-    auto dictionary = value.sharedDictionary();
-    if (!dictionary) return {};
-    if (dictionary != last.from) last = {std::move(dictionary), converted(value)};
-    return last.font;
+    struct Memory {
+        std::array<Converted, 4> fonts;
+        std::size_t oldest = 0;
+    };
+    thread_local Memory memory;
+    Memory& known = memory;
+    if (!value.isDictionary()) return {};
+    for (const auto& [from, font] : known.fonts) {
+        if (from.get() == &value.asDictionary()) return font;
+    }
+    Converted& made = known.fonts[known.oldest++ % known.fonts.size()];
+    made = {value.sharedDictionary(), converted(value)};
+    return made.font;
 }
 
 }  // namespace zor

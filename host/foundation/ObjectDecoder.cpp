@@ -2,15 +2,9 @@
 
 namespace zor {
 
-std::optional<PropertyList::Index> ObjectDecoder::find(std::string_view key) const {
-    std::string escaped;
-    if (key.starts_with('$')) key = escaped = '$' + std::string(key);
-    for (std::size_t tried = 0; tried < keys_.size(); ++tried) {
-        if (cursor_ == keys_.size()) cursor_ = 0;
-        const std::size_t place = cursor_++;
-        if (list_.string(keys_[place]) == key) return values_[place];
-    }
-    return {};
+std::optional<PropertyList::Index> ObjectDecoder::search(std::string_view key) const {
+    const bool isEscaped = key.starts_with('$');
+    return valueAt(KeyLayout::placeAmong(list_, keys_, isEscaped ? '$' + std::string(key) : std::string(key)));
 }
 
 Value ObjectDecoder::number(std::string_view key) const {
@@ -30,11 +24,13 @@ Value ObjectDecoder::number(std::string_view key) const {
 }
 
 std::optional<Value> ObjectDecoder::decodeValueIfPresent(std::string_view key) {
-    const auto node = find(key);
-    if (!node) return {};
-    auto taken = reader_.take(*node, number_);
-    if (taken.failure && !failure_) failure_ = taken.failure;
-    return std::move(taken.value);
+    std::optional<Value> value;
+    if (const auto node = find(key)) {
+        const auto failure = reader_.take(*node, number_, value);
+        if (failure && !failure_) failure_ = failure;
+        if (!value) value.emplace();
+    }
+    return value;
 }
 
 ObjectPtr ObjectDecoder::context(std::string_view name) const {

@@ -8,12 +8,14 @@ namespace zor {
 /// One object's values by key, for its initWithCoder.
 class ObjectDecoder final : public Decoder {
 public:
-    ObjectDecoder(ArchiveReader& reader, PropertyList::Index node, ArchiveReader::Number number)
+    /// `layout` is that of the node's keys, where one is known.
+    ObjectDecoder(ArchiveReader& reader, PropertyList::Index node, ArchiveReader::Number number, KeyLayout* layout)
         : reader_(reader),
           list_(reader.list()),
           keys_(list_.keys(node)),
           values_(list_.values(node)),
-          number_(number) {}
+          number_(number),
+          layout_(layout) {}
 
     bool containsValueForKey(std::string_view key) const override { return find(key).has_value(); }
     bool decodeBool(std::string_view key) override { return number(key).asBool(); }
@@ -30,7 +32,14 @@ public:
     const ArchiveFailure& failure() const { return failure_; }
 
 private:
-    std::optional<PropertyList::Index> find(std::string_view key) const;
+    std::optional<PropertyList::Index> find(std::string_view key) const {
+        if (!layout_ || key.starts_with('$')) return search(key);
+        return valueAt(layout_->place(key, step_));
+    }
+    std::optional<PropertyList::Index> search(std::string_view key) const;
+    std::optional<PropertyList::Index> valueAt(KeyLayout::Place place) const {
+        return place ? std::optional(values_[*place]) : std::nullopt;
+    }
     /// A boolean, integer or real; otherwise absent.
     Value number(std::string_view key) const;
 
@@ -42,8 +51,10 @@ private:
         if (!node) return {};
         const auto plain = reader_.plainNode(*node);
         if (plain && list_.kind(*plain) == PropertyList::Kind::string) return fromText(list_.string(*plain));
-        const Value value = reader_.take(*node, number_).value;
-        return value.isString() ? fromText(value.asString()) : (value.*fromValue)().value_or(Shape{});
+        std::optional<Value> taken;
+        (void)reader_.take(*node, number_, taken);
+        if (!taken) return {};
+        return taken->isString() ? fromText(taken->asString()) : ((*taken).*fromValue)().value_or(Shape{});
     }
 
     ArchiveReader& reader_;
@@ -51,8 +62,9 @@ private:
     const std::span<const PropertyList::Index> keys_;
     const std::span<const PropertyList::Index> values_;
     const ArchiveReader::Number number_;
-    /// Behind the last key found: values are mostly asked for in the order in which they were written.
-    mutable std::size_t cursor_ = 0;
+    KeyLayout* const layout_;
+    /// Of the layout.
+    mutable std::size_t step_ = 0;
     ArchiveFailure failure_;
 };
 

@@ -1,5 +1,6 @@
 // The text of points, sizes and rectangles, and of the numbers in them, whatever the locale.
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -43,29 +44,30 @@ std::string pairText(double first, double second) {
 /// Reads one pass from left to right; each step says whether it found what it looks for, spaces before it skipped.
 class TextReader {
 public:
-    explicit TextReader(std::string_view text) : rest_(text) {}
+    explicit TextReader(std::string_view text) : next_(text.data()), end_(text.data() + text.size()) {}
 
     bool accept(char wanted) {
         skipSpace();
-        if (!rest_.starts_with(wanted)) return false;
-        rest_.remove_prefix(1);
-        return true;
+        const bool isHere = next_ != end_ && *next_ == wanted;
+        if (isHere) ++next_;
+        return isHere;
     }
 
     bool acceptWord(std::string_view wanted) {
         skipSpace();
-        if (!rest_.starts_with(wanted)) return false;
-        rest_.remove_prefix(wanted.size());
+        if (!std::string_view(next_, end_).starts_with(wanted)) return false;
+        next_ += wanted.size();
         return true;
     }
 
     bool number(double& value) {
         skipSpace();
-        if (rest_.starts_with('+') && !rest_.starts_with("+-")) rest_.remove_prefix(1);
         if (wholeNumber(value)) return true;
-        const auto [end, error] = std::from_chars(rest_.data(), rest_.data() + rest_.size(), value);
+        const std::string_view rest(next_, end_);
+        if (rest.starts_with('+') && !rest.starts_with("+-")) ++next_;
+        const auto [end, error] = std::from_chars(next_, end_, value);
         if (error != std::errc{}) return false;
-        rest_.remove_prefix(static_cast<std::size_t>(end - rest_.data()));
+        next_ = end;
         return true;
     }
 
@@ -76,35 +78,37 @@ public:
 
     bool atEnd() {
         skipSpace();
-        return rest_.empty();
+        return next_ == end_;
     }
 
 private:
     /// The short whole numbers that most coordinates are, which need no rounding.
     bool wholeNumber(double& value) {
-        constexpr std::size_t mostDigits = 15;
-        const std::size_t start = rest_.starts_with('-') ? 1 : 0;
-        std::size_t end = start;
+        constexpr std::ptrdiff_t mostDigits = 15;
+        const bool isNegative = next_ != end_ && *next_ == '-';
+        const char* const first = next_ + (isNegative ? 1 : 0);
+        const char* const last = first + std::min(end_ - first, mostDigits + 1);
+        const char* digit = first;
         std::int64_t whole = 0;
-        const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-        for (; end < rest_.size() && isDigit(rest_[end]); ++end) {
-            if (end - start == mostDigits) return false;
-            whole = whole * 10 + (rest_[end] - '0');
+        for (; digit != last; ++digit) {
+            const auto figure = static_cast<unsigned>(*digit - '0');
+            if (figure > 9) break;
+            whole = whole * 10 + figure;
         }
-        if (end == start) return false;
-        if (end < rest_.size() && (rest_[end] == '.' || rest_[end] == 'e' || rest_[end] == 'E')) return false;
+        if (digit == first || digit - first > mostDigits) return false;
+        if (digit != end_ && (*digit == '.' || *digit == 'e' || *digit == 'E')) return false;
         // Minus zero keeps its sign.
-        value = start ? -static_cast<double>(whole) : static_cast<double>(whole);
-        rest_.remove_prefix(end);
+        value = isNegative ? -static_cast<double>(whole) : static_cast<double>(whole);
+        next_ = digit;
         return true;
     }
 
     void skipSpace() {
-        const auto isSpace = [](char c) { return c == ' ' || (c >= '\t' && c <= '\r'); };
-        while (!rest_.empty() && isSpace(rest_.front())) rest_.remove_prefix(1);
+        while (next_ != end_ && (*next_ == ' ' || (*next_ >= '\t' && *next_ <= '\r'))) ++next_;
     }
 
-    std::string_view rest_;
+    const char* next_;
+    const char* end_;
 };
 
 struct NamedNumber {

@@ -107,9 +107,9 @@ const Value::Dictionary& Value::asDictionary() const {
     return dictionary ? **dictionary : emptyOf<Dictionary>();
 }
 
-ObjectPtr Value::asObject() const {
+const ObjectPtr& Value::asObject() const {
     const auto* object = std::get_if<ObjectPtr>(&state_);
-    return object ? *object : ObjectPtr{};
+    return object ? *object : emptyOf<ObjectPtr>();
 }
 
 std::shared_ptr<const Bytes> Value::sharedData() const {

@@ -88,7 +88,7 @@ public:
     const Bytes& asData() const;
     const Array& asArray() const;
     const Dictionary& asDictionary() const;
-    ObjectPtr asObject() const;
+    const ObjectPtr& asObject() const;
     /// The content itself, not a copy; empty for a value of another kind.
     std::shared_ptr<const Bytes> sharedData() const;
     std::shared_ptr<const Array> sharedArray() const;

@@ -19,9 +19,9 @@ constexpr std::array<std::string_view, 3> alignmentNames{"left", "center", "righ
 /// Larger picture files are refused.
 constexpr std::uintmax_t largestPictureFile = std::uintmax_t{1} << 28;
 
-std::optional<Value> usableFont(const Value& value) {
+bool holdsUsableFont(const Value& value) {
     const auto font = ValueConversion<Font>::from(value);
-    return font && isUsableFont(*font) ? std::optional(value) : std::nullopt;
+    return font && isUsableFont(*font);
 }
 
 std::optional<Value> imageOfFile(const std::string& path) {
@@ -85,7 +85,12 @@ SettingsBuilder& SettingsBuilder::choice(std::string name, std::string label, Se
 }
 
 SettingsBuilder& SettingsBuilder::font(std::string name, std::string label) {
-    return add(std::move(name), std::move(label), SettingKind::font).filtered(usableFont);
+    add(std::move(name), std::move(label), SettingKind::font);
+    auto& set = list_.back().set;
+    set = [store = std::move(set)](Object& object, const Value& value) {
+        return holdsUsableFont(value) && store(object, value);
+    };
+    return *this;
 }
 
 SettingsBuilder& SettingsBuilder::imageFile(std::string name, std::string label) {

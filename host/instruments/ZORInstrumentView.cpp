@@ -10,7 +10,7 @@ namespace {
 /// What an archive holds for a setting. Writers may store a boolean as an integer.
 std::optional<Value> storedValue(Decoder& decoder, const Setting& setting) {
     auto value = decoder.decodeValueIfPresent(setting.name);
-    if (value && setting.kind == SettingKind::boolean && value->isInteger()) return value->asInteger() != 0;
+    if (value && setting.kind == SettingKind::boolean && value->isInteger()) *value = value->asInteger() != 0;
     return value;
 }
 

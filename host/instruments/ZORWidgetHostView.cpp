@@ -156,7 +156,10 @@ bool ZORWidgetHostView::initWithCoder(Decoder& decoder) {
     title_ = decoder.decodeString("title");
     editable_ = decoder.decodeBool("editable");
     // An instrument that is not known leaves an empty widget, which can still be selected and deleted.
-    setTargetView(decoder.decodeObject<ZORInstrumentView>("targetView"));
+    const Value target = decoder.decodeValue("targetView");
+    // Archives hold thousands: the class record tells without a cast through all the levels.
+    const bool isInstrument = target.isObject() && target.asObject()->isKindOf(ZORInstrumentView::staticClass());
+    if (isInstrument) setTargetView(std::static_pointer_cast<ZORInstrumentView>(target.asObject()));
     return true;
 }
 

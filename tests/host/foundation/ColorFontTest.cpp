@@ -65,6 +65,19 @@ TEST(FontTest, TravelsAsADictionary) {
               (Font{"Crysta", 12, false, false}));
 }
 
+TEST(FontTest, ManyDictionariesMayTakeTurns) {
+    std::vector<Value> values;
+    for (int size = 1; size <= 7; ++size) values.push_back(ValueConversion<Font>::to({"Crysta", size * 10.0}));
+    values.push_back(Value::Dictionary{{"family", "Crysta"}});
+    for (int round = 0; round < 3; ++round) {
+        for (std::size_t index = 0; index < 7; ++index) {
+            EXPECT_EQ(ValueConversion<Font>::from(values[index]), (Font{"Crysta", (index + 1.0) * 10}));
+            EXPECT_EQ(ValueConversion<Font>::from(values[index / 2]), (Font{"Crysta", (index / 2 + 1.0) * 10}));
+        }
+        EXPECT_FALSE(ValueConversion<Font>::from(values.back()));
+    }
+}
+
 TEST(FontTest, IncompleteOrImpossibleFontsAreRefused) {
     EXPECT_FALSE(ValueConversion<Font>::from("Crysta"));
     EXPECT_FALSE(ValueConversion<Font>::from(Value::Dictionary{{"family", "Crysta"}}));

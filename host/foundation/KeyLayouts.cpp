@@ -1,0 +1,58 @@
+#include "host/foundation/KeyLayouts.h"
+
+#include <algorithm>
+
+#include "host/foundation/ArchiveFormat.h"
+
+namespace zor {
+
+namespace {
+
+/// Of one layout that are remembered.
+constexpr std::size_t mostQuestions = 128;
+
+std::uint64_t hashOfKeys(std::span<const PropertyList::Index> keys) {
+    std::uint64_t hash = keys.size();
+    for (const auto key : keys) hash = (hash ^ key) * 0x9E37'79B9'7F4A'7C15;
+    return hashOfBits(hash);
+}
+
+}  // namespace
+
+KeyLayout::KeyLayout(const PropertyList& list, std::span<const Index> keys)
+    : list_(list), keys_(keys), classPlace_(placeAmong(list, keys, archive::classKey)) {}
+
+KeyLayout::Place KeyLayout::placeAmong(const PropertyList& list, std::span<const Index> keys, std::string_view key) {
+    const auto found = std::ranges::find(keys, key, [&](Index node) { return list.string(node); });
+    if (found == keys.end()) return {};
+    return static_cast<std::uint32_t>(found - keys.begin());
+}
+
+KeyLayout::Place KeyLayout::unexpectedPlace(std::string_view key, std::size_t& step) {
+    for (std::size_t next = step; next < questions_.size(); ++next) {
+        if (questions_[next].key != key) continue;
+        step = next + 1;
+        return questions_[next].place;
+    }
+    const Place found = placeAmong(list_, keys_, key);
+    if (step == questions_.size() && step < mostQuestions) {
+        questions_.push_back({std::string(key), found});
+        ++step;
+    }
+    return found;
+}
+
+KeyLayout* KeyLayouts::of(std::span<const Index> keys) {
+    const std::uint64_t hash = hashOfKeys(keys);
+    const auto isOf = [&](FlatIndex::Number number) { return std::ranges::equal(layouts_[number].keys(), keys); };
+    if (layouts_.size() == most) {
+        const auto known = index_.find(hash, isOf);
+        return known ? &layouts_[*known] : nullptr;
+    }
+    return &layouts_[index_.findOrMake(hash, isOf, [&] {
+        layouts_.emplace_back(list_, keys);
+        return static_cast<FlatIndex::Number>(layouts_.size() - 1);
+    })];
+}
+
+}  // namespace zor
