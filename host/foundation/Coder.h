@@ -60,8 +60,9 @@ public:
     template <typename T>
     std::vector<std::shared_ptr<T>> decodeObjects(std::string_view key) {
         std::vector<std::shared_ptr<T>> objects;
-        const Value array = decodeValue(key);
-        for (const auto& entry : array.asArray()) {
+        const auto array = decodeValueIfPresent(key);
+        if (!array) return objects;
+        for (const auto& entry : array->asArray()) {
             if (auto object = entry.as<T>()) objects.push_back(std::move(object));
         }
         return objects;

@@ -11,7 +11,13 @@ namespace {
 /// Of one layout that are remembered.
 constexpr std::size_t mostQuestions = 128;
 
-std::uint64_t hashOfKeys(std::span<const PropertyList::Index> keys) {
+using Keys = std::span<const PropertyList::Index>;
+
+bool isEqual(Keys one, Keys other) {
+    return std::equal(one.begin(), one.end(), other.begin(), other.end());
+}
+
+std::uint64_t hashOfKeys(Keys keys) {
     std::uint64_t hash = keys.size();
     for (const auto key : keys) hash = (hash ^ key) * 0x9E37'79B9'7F4A'7C15;
     return hashOfBits(hash);
@@ -43,8 +49,17 @@ KeyLayout::Place KeyLayout::unexpectedPlace(std::string_view key, std::size_t& s
 }
 
 KeyLayout* KeyLayouts::of(std::span<const Index> keys) {
+    for (KeyLayout* recent : recent_) {
+        if (recent && isEqual(recent->keys(), keys)) return recent;
+    }
+    KeyLayout* const found = find(keys);
+    recent_ = {found, recent_[0]};
+    return found;
+}
+
+KeyLayout* KeyLayouts::find(std::span<const Index> keys) {
     const std::uint64_t hash = hashOfKeys(keys);
-    const auto isOf = [&](FlatIndex::Number number) { return std::ranges::equal(layouts_[number].keys(), keys); };
+    const auto isOf = [&](FlatIndex::Number number) { return isEqual(layouts_[number].keys(), keys); };
     if (layouts_.size() == most) {
         const auto known = index_.find(hash, isOf);
         return known ? &layouts_[*known] : nullptr;

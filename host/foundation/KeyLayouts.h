@@ -2,6 +2,8 @@
 // Where the values that objects ask for are: objects of one class mostly have the same keys, which their archive holds
 // once, and ask for them in the same order.
 
+#include <array>
+#include <cstring>
 #include <deque>
 #include <optional>
 #include <span>
@@ -27,13 +29,27 @@ public:
     Place classPlace() const { return classPlace_; }
     /// `step` counts an object's questions, and says what it probably asks for now.
     Place place(std::string_view key, std::size_t& step) {
-        const bool isExpected = step < questions_.size() && questions_[step].key == key;
+        const bool isExpected = step < questions_.size() && isEqual(questions_[step].key, key);
         return isExpected ? questions_[step++].place : unexpectedPlace(key, step);
     }
 
     static Place placeAmong(const PropertyList& list, std::span<const Index> keys, std::string_view key);
 
 private:
+    /// Keys are short, and a call would take longer than this.
+    static bool isEqual(std::string_view one, std::string_view other) {
+        const std::size_t size = one.size();
+        if (size != other.size()) return false;
+        if (size < sizeof(std::uint64_t) || size > 2 * sizeof(std::uint64_t)) return one == other;
+        const auto word = [](const char* at) {
+            std::uint64_t bits;
+            std::memcpy(&bits, at, sizeof bits);
+            return bits;
+        };
+        const std::size_t last = size - sizeof(std::uint64_t);
+        return word(one.data()) == word(other.data()) && word(one.data() + last) == word(other.data() + last);
+    }
+
     struct Question {
         std::string key;
         Place place;
@@ -61,9 +77,13 @@ public:
 private:
     static constexpr std::size_t most = 256;
 
+    KeyLayout* find(std::span<const Index> keys);
+
     const PropertyList& list_;
     std::deque<KeyLayout> layouts_;
     FlatIndex index_;
+    /// Widgets and what they show mostly take turns.
+    std::array<KeyLayout*, 2> recent_{};
 };
 
 }  // namespace zor

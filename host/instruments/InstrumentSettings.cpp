@@ -19,11 +19,6 @@ constexpr std::array<std::string_view, 3> alignmentNames{"left", "center", "righ
 /// Larger picture files are refused.
 constexpr std::uintmax_t largestPictureFile = std::uintmax_t{1} << 28;
 
-bool holdsUsableFont(const Value& value) {
-    const auto font = ValueConversion<Font>::from(value);
-    return font && isUsableFont(*font);
-}
-
 std::optional<Value> imageOfFile(const std::string& path) {
     auto data = readFile(path, largestPictureFile);
     if (!data) return {};
@@ -81,15 +76,6 @@ SettingsBuilder& SettingsBuilder::choice(std::string name, std::string label, Se
                                          std::vector<std::pair<Value, std::string>> choices) {
     add(std::move(name), std::move(label), kind);
     list_.back().choices = std::move(choices);
-    return *this;
-}
-
-SettingsBuilder& SettingsBuilder::font(std::string name, std::string label) {
-    add(std::move(name), std::move(label), SettingKind::font);
-    auto& set = list_.back().set;
-    set = [store = std::move(set)](Object& object, const Value& value) {
-        return holdsUsableFont(value) && store(object, value);
-    };
     return *this;
 }
 

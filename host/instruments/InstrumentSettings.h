@@ -42,7 +42,17 @@ public:
     SettingsBuilder& choice(std::string name, std::string label, SettingKind kind,
                             std::vector<std::pair<Value, std::string>> choices);
     /// Takes usable fonts only.
-    SettingsBuilder& font(std::string name, std::string label);
+    template <typename T>
+    SettingsBuilder& font(std::string name, std::string label, void (T::*setter)(Font)) {
+        add(std::move(name), std::move(label), SettingKind::font);
+        list_.back().set = [setter](Object& object, const Value& value) {
+            auto font = ValueConversion<Font>::from(value);
+            if (!font || !isUsableFont(*font)) return false;
+            (static_cast<T&>(object).*setter)(*std::move(font));
+            return true;
+        };
+        return *this;
+    }
     /// Takes an image, of which it stores a copy; the path of a picture file; [w, h] for a plain image; nothing.
     SettingsBuilder& imageFile(std::string name, std::string label);
     SettingList build() { return std::move(list_); }

@@ -9,7 +9,7 @@ namespace zor {
 const ClassRecord& TextInstrumentView::staticClass() {
     using Self = TextInstrumentView;
     static const ClassRecord& record = ClassBuilder<Self>("TextInstrumentView", &LinkedInstrumentView::staticClass())
-                                           .property("font", &Self::font, &Self::setFont)
+                                           .property("font", &Self::font, &TextInstrumentView::setFont)
                                            .property("alignment", &Self::alignment, &Self::setAlignment)
                                            .property("textColor", &Self::textColor, &Self::setTextColor)
                                            .property("useProperty", &Self::useProperty, &Self::setUseProperty)
@@ -20,7 +20,7 @@ const ClassRecord& TextInstrumentView::staticClass() {
 const SettingList& TextInstrumentView::settings() const {
     static const SettingList list = SettingsBuilder(staticClass(), LinkedInstrumentView::settings())
                                         .add("useProperty", "Show Property", SettingKind::boolean)
-                                        .font("font", "Font")
+                                        .font("font", "Font", &TextInstrumentView::setFont)
                                         .add("alignment", "Alignment", SettingKind::alignment)
                                         .add("textColor", "Text Color", SettingKind::color)
                                         .build();

@@ -27,7 +27,7 @@ const ClassRecord& ZORRoundGaugeView::staticClass() {
     static const ClassRecord& record = ClassBuilder<Self>("ZORRoundGaugeView", &ScaledInstrumentView::staticClass())
                                            .creatable()
                                            .property("caption", &Self::caption, &Self::setCaption)
-                                           .property("valueFont", &Self::valueFont, &Self::setValueFont)
+                                           .property("valueFont", &Self::valueFont, &ZORRoundGaugeView::setValueFont)
                                            .property("drawsRim", &Self::drawsRim, &Self::setDrawsRim)
                                            .property("needleColor", &Self::needleColor, &Self::setNeedleColor)
                                            .registered();
@@ -37,7 +37,7 @@ const ClassRecord& ZORRoundGaugeView::staticClass() {
 const SettingList& ZORRoundGaugeView::settings() const {
     static const SettingList list = SettingsBuilder(staticClass(), ScaledInstrumentView::settings())
                                         .add("caption", "Caption", SettingKind::text)
-                                        .font("valueFont", "Value Font")
+                                        .font("valueFont", "Value Font", &ZORRoundGaugeView::setValueFont)
                                         .add("drawsRim", "Rim", SettingKind::boolean)
                                         .add("needleColor", "Needle Color", SettingKind::color)
                                         .build();

@@ -69,7 +69,7 @@ const ClassRecord& ZORTextFieldView::staticClass() {
                                            .property("stringToDraw", &Self::stringToDraw, &Self::setStringToDraw)
                                            .property("propertyFormat", &Self::propertyFormat, &Self::setPropertyFormat)
                                            .property("separateUnit", &Self::separateUnit, &Self::setSeparateUnit)
-                                           .property("unitFont", &Self::unitFont, &Self::setUnitFont)
+                                           .property("unitFont", &Self::unitFont, &ZORTextFieldView::setUnitFont)
                                            .registered();
     return record;
 }
@@ -79,7 +79,7 @@ const SettingList& ZORTextFieldView::settings() const {
                                         .add("stringToDraw", "Text", SettingKind::text)
                                         .choice("propertyFormat", "Format", SettingKind::numberFormat, formatChoices())
                                         .add("separateUnit", "Unit in Its Own Font", SettingKind::boolean)
-                                        .font("unitFont", "Unit Font")
+                                        .font("unitFont", "Unit Font", &ZORTextFieldView::setUnitFont)
                                         .build();
     return list;
 }

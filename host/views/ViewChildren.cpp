@@ -114,6 +114,7 @@ void View::sortSubviews(const std::function<int(const View&, const View&)>& comp
 }
 
 void View::restoreSubviews(std::vector<std::shared_ptr<View>> views) {
+    if (views.empty()) return;
     const View& top = root();
     const auto first = subviews().size();
     for (auto& view : views) {
