@@ -57,9 +57,9 @@ private:
     std::map<std::string, QString, std::less<>> families_;
     std::map<std::string, std::unique_ptr<Face>, std::less<>> faces_;
     std::vector<std::pair<QRawFont, std::map<double, QRawFont>>> scaledFonts_;
-    /// Texts change all the time.
-    RecentCache<TextBlock> shaped_{1024};
-    RecentCache<TextBlock> blocks_{1024};
+    /// Texts change all the time; a large dashboard shows no more at once than are kept for certain.
+    RecentCache<TextBlock> shaped_{2048};
+    RecentCache<TextBlock> blocks_{2048};
 };
 
 }  // namespace zor

@@ -15,7 +15,7 @@ namespace zor {
 
 namespace {
 
-/// In pixels: large enough for the toolbar on the finest screens. The pictures themselves are far larger.
+/// In pixels: large enough for the toolbar on the finest screens. Most pictures are far larger.
 constexpr QSize largestIcon{96, 96};
 
 }  // namespace
@@ -28,7 +28,8 @@ QIcon iconFrom(const std::shared_ptr<Image>& image) {
     const QString key = QStringLiteral("icon ") + QString::fromLatin1(digest.toHex());
     QPixmap pixmap;
     if (!QPixmapCache::find(key, &pixmap)) {
-        if (pixmap.loadFromData(image->data()->data(), static_cast<uint>(image->data()->size()))) {
+        pixmap.loadFromData(image->data()->data(), static_cast<uint>(image->data()->size()));
+        if (pixmap.width() > largestIcon.width() || pixmap.height() > largestIcon.height()) {
             pixmap = pixmap.scaled(largestIcon, Qt::KeepAspectRatio, Qt::SmoothTransformation);
         }
         QPixmapCache::insert(key, pixmap);

@@ -182,7 +182,7 @@ void ArchiveReader::fill(Level& level, Decoded& decoded) {
             level.array->push_back(std::move(item).value_or(Value()));
         } else if (!key || !key->isString()) {
             return fail(decoded, Reason::keyNotText);
-        } else if (item && !item->isAbsent()) {
+        } else if (item) {
             level.dictionary->emplace(key->asString(), *std::move(item));
         }
     }
@@ -253,7 +253,7 @@ ArchiveFailure ArchiveReader::takeObject(std::uint64_t reference, Number holder,
     const Decoded& decoded = decoded_[slotOfNode_[node]];
     if (decoded.failure) return decoded.failure;
     if (!textAllowance_.take(decoded.value.asString().size())) return {Reason::textOutOfProportion, holder};
-    value.emplace(decoded.value);
+    if (!decoded.value.isAbsent()) value.emplace(decoded.value);
     return {};
 }
 

@@ -24,8 +24,7 @@ public:
     Number findOrMake(std::uint64_t hash, Matches&& matches, Make&& make) {
         if (used_ * 2 >= slots_.size()) grow();
         const auto mark = static_cast<std::uint32_t>(hash);
-        Slot& slot =
-            slots_[place(mark, [&](const Slot& taken) { return taken.mark == mark && matches(taken.number); })];
+        Slot& slot = slots_[placeOf(mark, matches)];
         if (slot.number == empty) {
             slot = {mark, make()};
             ++used_;
@@ -37,9 +36,7 @@ public:
     template <typename Matches>
     std::optional<Number> find(std::uint64_t hash, Matches&& matches) const {
         if (slots_.empty()) return {};
-        const auto mark = static_cast<std::uint32_t>(hash);
-        const Slot& slot =
-            slots_[place(mark, [&](const Slot& taken) { return taken.mark == mark && matches(taken.number); })];
+        const Slot& slot = slots_[placeOf(static_cast<std::uint32_t>(hash), matches)];
         return slot.number == empty ? std::nullopt : std::optional(slot.number);
     }
 
@@ -58,6 +55,11 @@ private:
             position = (position + 1) & (slots_.size() - 1);
         }
         return position;
+    }
+
+    template <typename Matches>
+    std::size_t placeOf(std::uint32_t mark, Matches&& matches) const {
+        return place(mark, [&](const Slot& taken) { return taken.mark == mark && matches(taken.number); });
     }
 
     void grow() {

@@ -1,5 +1,6 @@
 #include "host/foundation/Font.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -12,6 +13,13 @@ std::optional<Font> converted(const Value& value) {
     const auto size = value["size"].number();
     if (!family || family->empty() || !size || !std::isfinite(*size) || *size <= 0) return {};
     return Font{*family, *size, value["bold"].asBool(), value["italic"].asBool()};
+}
+
+bool holdsPlainValuesOnly(const Value::Dictionary& dictionary) {
+    return std::ranges::none_of(dictionary, [](const auto& entry) {
+        const Value& value = entry.second;
+        return value.isObject() || value.isArray() || value.isDictionary() || value.isData();
+    });
 }
 
 }  // namespace
@@ -45,21 +53,26 @@ std::optional<Font> ValueConversion<Font>::from(const Value& value) {
     // Archives hold equal fonts once, so that a few dictionaries come again and again.
     struct Converted {
         std::shared_ptr<const Value::Dictionary> from;
-        std::optional<Font> font;
+        Font font;
     };
     struct Memory {
         std::array<Converted, 4> fonts;
-        std::size_t oldest = 0;
+        std::size_t next = 0;
     };
-    thread_local Memory memory;
-    Memory& known = memory;
+    thread_local Memory ofThread;
+    // A thread's own variable is looked up at every use.
+    Memory& memory = ofThread;
     if (!value.isDictionary()) return {};
-    for (const auto& [from, font] : known.fonts) {
+    for (const auto& [from, font] : memory.fonts) {
         if (from.get() == &value.asDictionary()) return font;
     }
-    Converted& made = known.fonts[known.oldest++ % known.fonts.size()];
-    made = {value.sharedDictionary(), converted(value)};
-    return made.font;
+    auto font = converted(value);
+    // One that holds more than a font may not be filled yet, and is not kept alive for it.
+    if (font && holdsPlainValuesOnly(value.asDictionary())) {
+        memory.fonts[memory.next] = {value.sharedDictionary(), *font};
+        memory.next = (memory.next + 1) % memory.fonts.size();
+    }
+    return font;
 }
 
 }  // namespace zor

@@ -53,7 +53,7 @@ KeyLayout* KeyLayouts::of(std::span<const Index> keys) {
         if (recent && isEqual(recent->keys(), keys)) return recent;
     }
     KeyLayout* const found = find(keys);
-    recent_ = {found, recent_[0]};
+    if (found) recent_ = {found, recent_[0]};
     return found;
 }
 

@@ -27,7 +27,7 @@ public:
 
     std::span<const Index> keys() const { return keys_; }
     Place classPlace() const { return classPlace_; }
-    /// `step` counts an object's questions, and says what it probably asks for now.
+    /// `step` is the place, among the questions, of what the object probably asks for now.
     Place place(std::string_view key, std::size_t& step) {
         const bool isExpected = step < questions_.size() && isEqual(questions_[step].key, key);
         return isExpected ? questions_[step++].place : unexpectedPlace(key, step);

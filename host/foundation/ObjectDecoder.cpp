@@ -3,8 +3,8 @@
 namespace zor {
 
 std::optional<PropertyList::Index> ObjectDecoder::search(std::string_view key) const {
-    const bool isEscaped = key.starts_with('$');
-    return valueAt(KeyLayout::placeAmong(list_, keys_, isEscaped ? '$' + std::string(key) : std::string(key)));
+    if (key.starts_with('$')) return valueAt(KeyLayout::placeAmong(list_, keys_, '$' + std::string(key)));
+    return valueAt(KeyLayout::placeAmong(list_, keys_, key));
 }
 
 Value ObjectDecoder::number(std::string_view key) const {

@@ -41,7 +41,7 @@ public:
     SettingsBuilder& number(std::string name, std::string label, double minimum, double maximum, std::string unit = {});
     SettingsBuilder& choice(std::string name, std::string label, SettingKind kind,
                             std::vector<std::pair<Value, std::string>> choices);
-    /// Takes usable fonts only.
+    /// Takes usable fonts only. The property's setter is named so that they are converted once.
     template <typename T>
     SettingsBuilder& font(std::string name, std::string label, void (T::*setter)(Font)) {
         add(std::move(name), std::move(label), SettingKind::font);

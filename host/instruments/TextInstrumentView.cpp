@@ -9,7 +9,7 @@ namespace zor {
 const ClassRecord& TextInstrumentView::staticClass() {
     using Self = TextInstrumentView;
     static const ClassRecord& record = ClassBuilder<Self>("TextInstrumentView", &LinkedInstrumentView::staticClass())
-                                           .property("font", &Self::font, &TextInstrumentView::setFont)
+                                           .property("font", &Self::font, &Self::setFont)
                                            .property("alignment", &Self::alignment, &Self::setAlignment)
                                            .property("textColor", &Self::textColor, &Self::setTextColor)
                                            .property("useProperty", &Self::useProperty, &Self::setUseProperty)

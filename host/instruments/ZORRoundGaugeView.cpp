@@ -27,7 +27,7 @@ const ClassRecord& ZORRoundGaugeView::staticClass() {
     static const ClassRecord& record = ClassBuilder<Self>("ZORRoundGaugeView", &ScaledInstrumentView::staticClass())
                                            .creatable()
                                            .property("caption", &Self::caption, &Self::setCaption)
-                                           .property("valueFont", &Self::valueFont, &ZORRoundGaugeView::setValueFont)
+                                           .property("valueFont", &Self::valueFont, &Self::setValueFont)
                                            .property("drawsRim", &Self::drawsRim, &Self::setDrawsRim)
                                            .property("needleColor", &Self::needleColor, &Self::setNeedleColor)
                                            .registered();

@@ -69,7 +69,7 @@ const ClassRecord& ZORTextFieldView::staticClass() {
                                            .property("stringToDraw", &Self::stringToDraw, &Self::setStringToDraw)
                                            .property("propertyFormat", &Self::propertyFormat, &Self::setPropertyFormat)
                                            .property("separateUnit", &Self::separateUnit, &Self::setSeparateUnit)
-                                           .property("unitFont", &Self::unitFont, &ZORTextFieldView::setUnitFont)
+                                           .property("unitFont", &Self::unitFont, &Self::setUnitFont)
                                            .registered();
     return record;
 }

@@ -24,8 +24,9 @@ std::string objection(const Setting& setting, const Value& value) {
 }  // namespace
 
 Status applySetting(Object& object, const Setting& setting, const Value& value) {
-    if (setting.kind == SettingKind::number || !setting.choices.empty()) {
-        if (auto reason = objection(setting, value); !reason.empty()) return Error{std::move(reason)};
+    const bool isLimited = setting.kind == SettingKind::number || !setting.choices.empty();
+    if (auto reason = isLimited ? objection(setting, value) : std::string(); !reason.empty()) {
+        return Error{std::move(reason)};
     }
     if (!setting.set(object, value)) return Error{"the value is of the wrong kind"};
     return success();

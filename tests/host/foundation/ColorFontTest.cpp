@@ -78,6 +78,25 @@ TEST(FontTest, ManyDictionariesMayTakeTurns) {
     }
 }
 
+TEST(FontTest, ADictionaryThatWasNotFilledYetIsAskedAgain) {
+    // As with a circle through the dictionary, whose objects meet it empty.
+    const auto dictionary = std::make_shared<Value::Dictionary>();
+    const Value value{std::shared_ptr<const Value::Dictionary>(dictionary)};
+    EXPECT_FALSE(ValueConversion<Font>::from(value));
+    dictionary->emplace("family", "Crysta");
+    dictionary->emplace("size", 33);
+    EXPECT_EQ(ValueConversion<Font>::from(value), (Font{"Crysta", 33}));
+}
+
+TEST(FontTest, WhatADictionaryHoldsBesideAFontIsNotKept) {
+    auto object = std::make_shared<Object>();
+    const std::weak_ptr<Object> watched = object;
+    Value value(Value::Dictionary{{"family", "Crysta"}, {"size", 12}, {"other", Value(std::move(object))}});
+    EXPECT_EQ(ValueConversion<Font>::from(value), (Font{"Crysta", 12}));
+    value = {};
+    EXPECT_TRUE(watched.expired());
+}
+
 TEST(FontTest, IncompleteOrImpossibleFontsAreRefused) {
     EXPECT_FALSE(ValueConversion<Font>::from("Crysta"));
     EXPECT_FALSE(ValueConversion<Font>::from(Value::Dictionary{{"family", "Crysta"}}));
