@@ -34,8 +34,8 @@ public:
     const PropertyList& list() const { return list_; }
     const UnarchivingOptions& options() const { return options_; }
     /// Gives the value of a node that is a plain value or a reference to what is decoded already, or why it cannot;
-    /// `holder` is the object that asks. `value` comes empty and stays so for what is absent, as are containers that are
-    /// no objects of the archive.
+    /// `holder` is the object that asks. `value` comes empty and stays so for what is absent, as are containers that
+    /// are no objects of the archive.
     ArchiveFailure take(Index node, Number holder, std::optional<Value>& value);
     /// The node itself, or the one that it refers to, where that is a plain value.
     std::optional<Index> plainNode(Index node) const;
