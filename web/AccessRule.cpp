@@ -1,5 +1,6 @@
 #include "web/AccessRule.h"
 
+#include <microhttpd.h>
 #include <strings.h>
 
 #include <algorithm>
@@ -18,6 +19,13 @@ std::string_view bearerToken(std::string_view authorization) {
     return authorization.substr(bearer.size());
 }
 
+/// Whether the server takes a parameter of the query for the token, which may be written with escapes.
+bool isToken(std::string_view parameter) {
+    std::string name(parameter.substr(0, parameter.find('=')));
+    name.resize(MHD_http_unescape(name.data()));
+    return name == "token";
+}
+
 }  // namespace
 
 std::string targetWithoutToken(std::string_view target) {
@@ -31,7 +39,7 @@ std::string targetWithoutToken(std::string_view target) {
     for (auto query = target.substr(question + 1); !query.empty();) {
         const auto end = query.find('&');
         const auto each = query.substr(0, end);
-        if (!each.empty() && each != "token" && !each.starts_with("token=")) {
+        if (!each.empty() && !isToken(each)) {
             result += separator + std::string(each);
             separator = '&';
         }

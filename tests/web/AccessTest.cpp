@@ -180,6 +180,9 @@ TEST(AddressesTest, LoseTheTokenAndNothingElse) {
     EXPECT_EQ(targetWithoutToken("/a?x=1&token=abc&y=2"), "/a?x=1&y=2");
     EXPECT_EQ(targetWithoutToken("/a?token=abc&x&tokens=1&token"), "/a?x&tokens=1");
     EXPECT_EQ(targetWithoutToken("/a"), "/a");
+    // However it is written: it would be asked for again and again.
+    EXPECT_EQ(targetWithoutToken("/a?%74oken=abc&x=%74oken"), "/a?x=%74oken");
+    EXPECT_EQ(targetWithoutToken("/a?%74%6F%6b%65%6e&%%=1"), "/a?%%=1");
 }
 
 TEST(AddressesTest, NeverLeadToAnotherServer) {
