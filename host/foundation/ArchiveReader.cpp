@@ -101,8 +101,8 @@ void ArchiveReader::begin(Number number, Index node) {
 }
 
 std::optional<ArchiveReader::Index> ArchiveReader::classReference(Index node, const KeyLayout* layout) const {
-    const auto place =
-        layout ? layout->classPlace() : KeyLayout::placeAmong(list_, list_.keys(node), archive::classKey);
+    if (!layout) return list_.find(node, archive::classKey);
+    const auto place = layout->classPlace();
     return place ? std::optional(list_.values(node)[*place]) : std::nullopt;
 }
 

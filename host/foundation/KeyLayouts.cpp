@@ -26,12 +26,12 @@ std::uint64_t hashOfKeys(Keys keys) {
 }  // namespace
 
 KeyLayout::KeyLayout(const PropertyList& list, std::span<const Index> keys)
-    : list_(list), keys_(keys), classPlace_(placeAmong(list, keys, archive::classKey)) {}
+    : list_(list), keys_(keys), classPlace_(placeOf(archive::classKey)) {}
 
-KeyLayout::Place KeyLayout::placeAmong(const PropertyList& list, std::span<const Index> keys, std::string_view key) {
-    const auto found = std::ranges::find(keys, key, [&](Index node) { return list.string(node); });
-    if (found == keys.end()) return {};
-    return static_cast<std::uint32_t>(found - keys.begin());
+KeyLayout::Place KeyLayout::placeOf(std::string_view key) const {
+    const auto found = std::ranges::find(keys_, key, [&](Index node) { return list_.string(node); });
+    if (found == keys_.end()) return {};
+    return static_cast<std::uint32_t>(found - keys_.begin());
 }
 
 KeyLayout::Place KeyLayout::unexpectedPlace(std::string_view key, std::size_t& step) {
@@ -40,7 +40,7 @@ KeyLayout::Place KeyLayout::unexpectedPlace(std::string_view key, std::size_t& s
         step = next + 1;
         return questions_[next].place;
     }
-    const Place found = placeAmong(list_, keys_, key);
+    const Place found = placeOf(key);
     if (step == questions_.size() && step < mostQuestions) {
         questions_.push_back({std::string(key), found});
         ++step;

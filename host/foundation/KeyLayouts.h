@@ -33,8 +33,6 @@ public:
         return isExpected ? questions_[step++].place : unexpectedPlace(key, step);
     }
 
-    static Place placeAmong(const PropertyList& list, std::span<const Index> keys, std::string_view key);
-
 private:
     /// Keys are short, and a call would take longer than this.
     static bool isEqual(std::string_view one, std::string_view other) {
@@ -56,6 +54,7 @@ private:
     };
 
     Place unexpectedPlace(std::string_view key, std::size_t& step);
+    Place placeOf(std::string_view key) const;
 
     const PropertyList& list_;
     std::span<const Index> keys_;

@@ -3,8 +3,7 @@
 namespace zor {
 
 std::optional<PropertyList::Index> ObjectDecoder::search(std::string_view key) const {
-    if (key.starts_with('$')) return valueAt(KeyLayout::placeAmong(list_, keys_, '$' + std::string(key)));
-    return valueAt(KeyLayout::placeAmong(list_, keys_, key));
+    return key.starts_with('$') ? list_.find(node_, '$' + std::string(key)) : list_.find(node_, key);
 }
 
 Value ObjectDecoder::number(std::string_view key) const {

@@ -12,7 +12,7 @@ public:
     ObjectDecoder(ArchiveReader& reader, PropertyList::Index node, ArchiveReader::Number number, KeyLayout* layout)
         : reader_(reader),
           list_(reader.list()),
-          keys_(list_.keys(node)),
+          node_(node),
           values_(list_.values(node)),
           number_(number),
           layout_(layout) {}
@@ -34,12 +34,10 @@ public:
 private:
     std::optional<PropertyList::Index> find(std::string_view key) const {
         if (!layout_ || key.starts_with('$')) return search(key);
-        return valueAt(layout_->place(key, step_));
-    }
-    std::optional<PropertyList::Index> search(std::string_view key) const;
-    std::optional<PropertyList::Index> valueAt(KeyLayout::Place place) const {
+        const auto place = layout_->place(key, step_);
         return place ? std::optional(values_[*place]) : std::nullopt;
     }
+    std::optional<PropertyList::Index> search(std::string_view key) const;
     /// A boolean, integer or real; otherwise absent.
     Value number(std::string_view key) const;
 
@@ -59,7 +57,7 @@ private:
 
     ArchiveReader& reader_;
     const PropertyList& list_;
-    const std::span<const PropertyList::Index> keys_;
+    const PropertyList::Index node_;
     const std::span<const PropertyList::Index> values_;
     const ArchiveReader::Number number_;
     KeyLayout* const layout_;

@@ -7,13 +7,14 @@ namespace zor {
 
 namespace {
 
-/// What is wrong with a number or a choice apart from its kind, which the setter knows; empty where nothing is.
+/// What is wrong with the value apart from its kind, which the setter knows; empty where nothing is.
 std::string objection(const Setting& setting, const Value& value) {
     if (!setting.choices.empty()) {
         const bool offered =
             std::ranges::any_of(setting.choices, [&](const auto& choice) { return choice.first == value; });
         return offered ? "" : "the value is none of the choices";
     }
+    if (setting.kind != SettingKind::number) return {};
     const auto number = value.number();
     if (!number || !std::isfinite(*number)) return "must be a finite number";
     if (setting.minimum && *number < *setting.minimum) return "must be at least " + shortestNumber(*setting.minimum);
@@ -24,10 +25,7 @@ std::string objection(const Setting& setting, const Value& value) {
 }  // namespace
 
 Status applySetting(Object& object, const Setting& setting, const Value& value) {
-    const bool isLimited = setting.kind == SettingKind::number || !setting.choices.empty();
-    if (auto reason = isLimited ? objection(setting, value) : std::string(); !reason.empty()) {
-        return Error{std::move(reason)};
-    }
+    if (auto reason = objection(setting, value); !reason.empty()) return Error{std::move(reason)};
     if (!setting.set(object, value)) return Error{"the value is of the wrong kind"};
     return success();
 }

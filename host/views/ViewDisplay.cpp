@@ -7,8 +7,7 @@
 namespace zor {
 
 void View::setNeedsDisplay(bool needed) {
-    // Most of what is set of a view is set before anybody sees it.
-    if (needed && (superview_ || window_ || extras_)) setNeedsDisplayInRect(bounds());
+    if (needed) setNeedsDisplayInRect(bounds());
 }
 
 void View::setChangeObserver(std::function<void()> observer) {
@@ -21,6 +20,7 @@ void View::setNeedsDisplayInRect(const Rect& rect) {
         const auto observer = extras_->changeObserver;
         observer();
     }
+    // Most of what is set of a view is set before anybody sees it.
     if (!superview_ && !window_) return;
     Rect damaged = clipsToBounds() ? intersectionRect(rect, bounds()) : rect;
     for (const View* view = this; !view->hidden_ && !damaged.isEmpty(); view = view->superview_) {
