@@ -26,20 +26,28 @@ ArchiveReader::ArchiveReader(const PropertyList& list, std::span<const Index> ob
 ArchiveReader::Taken ArchiveReader::decode(std::uint64_t root) {
     visit(root);
     while (!levels_.empty()) {
-        Level& level = levels_.back();
         const std::size_t depth = levels_.size();
-        const std::size_t end = level.first.size() + level.second.size();
-        while (level.next < end && levels_.size() == depth) {
-            const std::size_t next = level.next++;
-            const bool inFirst = next < level.first.size();
-            const Index node = inFirst ? level.first[next] : level.second[next - level.first.size()];
-            if (list_.kind(node) == PropertyList::Kind::uid) visit(list_.uid(node));
-        }
+        visitRest(levels_.back());
         if (levels_.size() == depth) finishLevel();
     }
     std::optional<Value> value;
     const auto failure = takeObject(root, 0, value);
     return {std::move(value).value_or(Value()), failure};
+}
+
+void ArchiveReader::visitRest(Level& level) {
+    const std::size_t depth = levels_.size();
+    const std::size_t inFirst = level.first.size();
+    const std::size_t end = inFirst + level.second.size();
+    for (std::size_t next = level.next; next < end;) {
+        const Index node = next < inFirst ? level.first[next] : level.second[next - inFirst];
+        ++next;
+        if (list_.kind(node) != PropertyList::Kind::uid) continue;
+        level.next = next;
+        visit(list_.uid(node));
+        if (levels_.size() != depth) return;
+    }
+    level.next = end;
 }
 
 void ArchiveReader::visit(std::uint64_t reference) {
@@ -58,7 +66,7 @@ void ArchiveReader::meetAgain(const Decoded& decoded) {
     if (levels_.empty()) return;
     Level& level = levels_.back();
     if (!decoded.isOpen) {
-        level.height = std::max(level.height, decoded.height);
+        level.height = std::max(level.height, decoded.level);
         return;
     }
     // A circle that passes no object could never be filled.
@@ -70,22 +78,19 @@ void ArchiveReader::begin(Number number, Index node) {
     const auto slot = static_cast<Slot>(decoded_.size());
     slotOfNode_[node] = slot;
     Decoded& decoded = decoded_.emplace_back();
-    decoded.node = node;
     decoded.number = number;
     KeyLayout* const layout = layouts_.of(list_.keys(node));
     const auto reference = classReference(node, layout);
     if (!reference || list_.kind(*reference) != PropertyList::Kind::uid) return fail(decoded, Reason::noClass);
     const std::uint64_t classNumber = list_.uid(*reference);
     if (classNumber >= objects_.size()) {
-        decoded.failure = {Reason::referenceOutOfRange, number, classNumber};
-        return;
+        return fail(decoded, {Reason::referenceOutOfRange, number, classNumber});
     }
     const ArchivedClass& itsClass = classes_.at(objects_[classNumber]);
     decoded.kind = itsClass.kind;
     switch (itsClass.kind) {
         case Kind::unusable:
-            decoded.failure = {itsClass.failure.reason, number, itsClass.failure.detail};
-            return;
+            return fail(decoded, {itsClass.failure.reason, number, itsClass.failure.detail});
         case Kind::object:
             decoded.value = Value(itsClass.record->create());
             return push({.slot = slot, .second = list_.values(node), .layout = layout});
@@ -94,7 +99,7 @@ void ArchiveReader::begin(Number number, Index node) {
             return beginContainer(slot);
         default: {
             std::optional<Value> value;
-            decoded.failure = takeLeaf(decoded, value);
+            if (const auto failure = takeLeaf(decoded, value)) return fail(decoded, failure);
             if (value) decoded.value = *std::move(value);
         }
     }
@@ -109,14 +114,14 @@ std::optional<ArchiveReader::Index> ArchiveReader::classReference(Index node, co
 void ArchiveReader::beginContainer(Slot slot) {
     Decoded& decoded = decoded_[slot];
     const bool isDictionary = decoded.kind == Kind::dictionary;
-    const auto items = list_.find(decoded.node, archive::itemsKey);
+    const Index node = nodeOf(decoded);
+    const auto items = list_.find(node, archive::itemsKey);
     if (!items || list_.kind(*items) != PropertyList::Kind::array) return fail(decoded, Reason::noItems);
-    if (isDictionary) decoded.keys = list_.find(decoded.node, archive::keysKey);
-    const auto keys = decoded.keys;
+    if (isDictionary) decoded.keys = list_.find(node, archive::keysKey).value_or(noNode);
     if (const Slot other = slotOfNode_[*items]; other != none) {
         const Decoded& owner = decoded_[other];
-        if (owner.kind == decoded.kind && owner.keys == keys) {
-            slotOfNode_[decoded.node] = other;
+        if (owner.kind == decoded.kind && owner.keys == decoded.keys) {
+            slotOfNode_[node] = other;
             decoded_.pop_back();
             return meetAgain(decoded_[other]);
         }
@@ -125,7 +130,8 @@ void ArchiveReader::beginContainer(Slot slot) {
     }
     Level level{.slot = slot, .isContainer = true, .second = list_.items(*items)};
     if (isDictionary) {
-        if (keys && list_.kind(*keys) == PropertyList::Kind::array) level.first = list_.items(*keys);
+        const bool hasKeys = decoded.keys != noNode && list_.kind(decoded.keys) == PropertyList::Kind::array;
+        if (hasKeys) level.first = list_.items(decoded.keys);
         if (level.first.size() != level.second.size()) return fail(decoded, Reason::unequalCounts);
         level.dictionary = std::make_shared<Value::Dictionary>();
         decoded.value = Value(std::shared_ptr<const Value::Dictionary>(level.dictionary));
@@ -155,30 +161,28 @@ void ArchiveReader::finishLevel() {
     if (level.height == archive::deepestLevel) fail(decoded, Reason::tooDeep);
     if (!decoded.failure) fill(level, decoded);
     decoded.isOpen = false;
-    if (decoded.failure) {
-        decoded.value = {};
-    } else {
-        decoded.height = level.height + 1;
-    }
+    decoded.level = decoded.failure ? 0 : level.height + 1;
+    if (decoded.failure) decoded.value = {};
     levels_.pop_back();
-    if (!levels_.empty()) levels_.back().height = std::max(levels_.back().height, decoded.height);
+    if (!levels_.empty()) levels_.back().height = std::max(levels_.back().height, decoded.level);
 }
 
 void ArchiveReader::fill(Level& level, Decoded& decoded) {
     if (!level.isContainer) {
-        ObjectDecoder decoder(*this, decoded.node, decoded.number, level.layout);
+        ObjectDecoder decoder(*this, nodeOf(decoded), decoded.number, level.layout);
         const ObjectPtr object = decoded.value.asObject();
         if (!object || !object->initWithCoder(decoder)) decoded.value = {};
-        decoded.failure = decoder.failure();
+        if (decoder.failure()) fail(decoded, decoder.failure());
         return;
     }
     if (level.array) level.array->reserve(level.second.size());
     for (std::size_t index = 0; index < level.second.size(); ++index) {
+        ArchiveFailure failure;
         std::optional<Value> key;
-        if (level.dictionary) decoded.failure = take(level.first[index], decoded.number, key);
+        if (level.dictionary) failure = take(level.first[index], decoded.number, key);
         std::optional<Value> item;
-        if (!decoded.failure) decoded.failure = take(level.second[index], decoded.number, item);
-        if (decoded.failure) return;
+        if (!failure) failure = take(level.second[index], decoded.number, item);
+        if (failure) return fail(decoded, failure);
         if (level.array) {
             level.array->push_back(std::move(item).value_or(Value()));
         } else if (!key || !key->isString()) {
@@ -189,8 +193,12 @@ void ArchiveReader::fill(Level& level, Decoded& decoded) {
     }
 }
 
+void ArchiveReader::fail(Decoded& decoded, const ArchiveFailure& failure) {
+    decoded.failure = std::make_unique<const ArchiveFailure>(failure);
+}
+
 void ArchiveReader::fail(Decoded& decoded, Reason reason) {
-    decoded.failure = {reason, decoded.number};
+    fail(decoded, {reason, decoded.number});
 }
 
 ArchiveFailure ArchiveReader::takeLeaf(const Decoded& decoded, std::optional<Value>& value) {
@@ -201,7 +209,7 @@ ArchiveFailure ArchiveReader::takeLeaf(const Decoded& decoded, std::optional<Val
     const auto key = decoded.kind == Kind::string ? archive::stringKey
                      : decoded.kind == Kind::data ? archive::dataKey
                                                   : archive::timeKey;
-    const auto node = list_.find(decoded.node, key);
+    const auto node = list_.find(nodeOf(decoded), key);
     const auto content = node ? plainNode(*node) : std::nullopt;
     const auto contentKind = content ? list_.kind(*content) : PropertyList::Kind::null;
     const bool isNumber = contentKind == PropertyList::Kind::real || contentKind == PropertyList::Kind::integer;
@@ -233,6 +241,15 @@ std::optional<ArchiveReader::Index> ArchiveReader::plainNode(Index node) const {
     }
 }
 
+Rect ArchiveReader::rect(Index text) {
+    auto& [last, other] = recentRects_;
+    if (last.first != text) {
+        std::swap(last, other);
+        if (last.first != text) last = {text, rectFromString(list_.string(text))};
+    }
+    return last.second;
+}
+
 ArchiveFailure ArchiveReader::take(Index node, Number holder, std::optional<Value>& value) {
     const bool isReference = list_.kind(node) == PropertyList::Kind::uid;
     return isReference ? takeObject(list_.uid(node), holder, value) : takePlain(node, holder, value);
@@ -252,7 +269,7 @@ ArchiveFailure ArchiveReader::takeObject(std::uint64_t reference, Number holder,
             return takePlain(node, holder, value);
     }
     const Decoded& decoded = decoded_[slotOfNode_[node]];
-    if (decoded.failure) return decoded.failure;
+    if (decoded.failure) return *decoded.failure;
     if (!textAllowance_.take(decoded.value.asString().size())) return {Reason::textOutOfProportion, holder};
     if (!decoded.value.isAbsent()) value.emplace(decoded.value);
     return {};

@@ -2,6 +2,7 @@
 // Decodes the objects of an archive without recursion: what an object refers to is decoded before it is filled, each
 // object once, and every object is noted before what it refers to is looked at.
 
+#include <array>
 #include <deque>
 #include <memory>
 #include <unordered_map>
@@ -37,6 +38,8 @@ public:
     /// `holder` is the object that asks. `value` comes empty and stays so for what is absent, as are containers that
     /// are no objects of the archive.
     ArchiveFailure take(Index node, Number holder, std::optional<Value>& value);
+    /// What the text at the node says: widgets mostly have the size of others, so that their contents share a text.
+    Rect rect(Index text);
     /// The node itself, or the one that it refers to, where that is a plain value.
     std::optional<Index> plainNode(Index node) const;
 
@@ -44,22 +47,24 @@ private:
     using Kind = ArchivedClass::Kind;
     using Slot = std::uint32_t;
     static constexpr Slot none = 0xFFFF'FFFF;
+    static constexpr Index noNode = 0xFFFF'FFFF;
 
-    /// An object or container that is decoded, or being decoded.
+    /// An object or container that is decoded, or being decoded. There are as many as the archive has objects: each
+    /// fits a line of the processor's cache.
     struct Decoded {
         Value value = {};
-        ArchiveFailure failure = {};
-        Index node = 0;
-        /// Of a dictionary.
-        std::optional<Index> keys = {};
+        /// Absent where all is well.
+        std::unique_ptr<const ArchiveFailure> failure = {};
+        Number number = 0;
+        /// The node of a dictionary's keys.
+        Index keys = noNode;
+        /// Its place on the stack, counted from one, while it is open; then the levels of objects and containers from
+        /// here down, zero for leaves.
+        std::uint32_t level = 0;
         Kind kind = Kind::unusable;
         bool isOpen = false;
-        /// Levels of objects and containers from here down; zero while open, and for leaves.
-        std::uint32_t height = 0;
-        /// Its place on the stack while it is open, counted from one.
-        std::uint32_t level = 0;
-        Number number = 0;
     };
+    static_assert(sizeof(Decoded) <= 64);
 
     /// One that is being decoded: the nodes of `first` and then of `second` are looked at one after the other.
     struct Level {
@@ -77,14 +82,18 @@ private:
         KeyLayout* layout = nullptr;
     };
 
+    /// Until one of them becomes a level of its own, or to the end.
+    void visitRest(Level& level);
     void visit(std::uint64_t reference);
     void meetAgain(const Decoded& decoded);
     void begin(Number number, Index node);
+    Index nodeOf(const Decoded& decoded) const { return objects_[decoded.number]; }
     void beginContainer(Slot slot);
     void push(Level level);
     void finishLevel();
     void fill(Level& level, Decoded& decoded);
-    void fail(Decoded& decoded, ArchiveFailure::Reason reason);
+    static void fail(Decoded& decoded, const ArchiveFailure& failure);
+    static void fail(Decoded& decoded, ArchiveFailure::Reason reason);
     ArchiveFailure takeLeaf(const Decoded& decoded, std::optional<Value>& value);
     ArchiveFailure takeObject(std::uint64_t reference, Number holder, std::optional<Value>& value);
     std::optional<Index> classReference(Index node, const KeyLayout* layout) const;
@@ -105,6 +114,8 @@ private:
     std::vector<Slot> slotOfNode_;
     std::vector<Level> levels_;
     std::unordered_map<Index, Value> data_;
+    /// By their texts' nodes, the last one first.
+    std::array<std::pair<Index, Rect>, 2> recentRects_{{{noNode, {}}, {noNode, {}}}};
 };
 
 }  // namespace zor

@@ -43,9 +43,10 @@ const ClassRecord& nullPlaceholderClass() {
     return record;
 }
 
-const ArchivedClass& ArchivedClasses::at(Index classNode) {
+const ArchivedClass& ArchivedClasses::find(Index classNode) {
     const auto [known, isNew] = known_.try_emplace(classNode);
     if (isNew) known->second = resolve(classNode);
+    recent_ = {Recent{classNode, &known->second}, recent_[0]};
     return known->second;
 }
 

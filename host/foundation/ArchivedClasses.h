@@ -1,6 +1,7 @@
 #pragma once
 // What the class names in an archive stand for.
 
+#include <array>
 #include <cstdint>
 #include <map>
 #include <string>
@@ -31,9 +32,20 @@ public:
         : list_(list), delegate_(delegate), allowance_(list.referenceCount()) {}
 
     /// What the class record at the node stands for: first its own name, then its hints, then what the delegate says.
-    const ArchivedClass& at(Index classNode);
+    const ArchivedClass& at(Index classNode) {
+        for (const auto& [node, itsClass] : recent_) {
+            if (itsClass && node == classNode) return *itsClass;
+        }
+        return find(classNode);
+    }
 
 private:
+    struct Recent {
+        Index node = 0;
+        const ArchivedClass* itsClass = nullptr;
+    };
+
+    const ArchivedClass& find(Index classNode);
     ArchivedClass resolve(Index classNode);
     bool isClassName(Index node) const;
     ArchivedClass named(std::string_view name) const;
@@ -45,6 +57,8 @@ private:
     KeyedUnarchiverDelegate* delegate_;
     std::size_t allowance_;
     std::unordered_map<Index, ArchivedClass> known_;
+    /// Widgets and what they show mostly take turns.
+    std::array<Recent, 2> recent_{};
     /// The delegate's answers by class name.
     std::map<std::string, const ClassRecord*, std::less<>> answers_;
 };

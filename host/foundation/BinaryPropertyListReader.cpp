@@ -232,14 +232,20 @@ private:
         const std::size_t references = extentOf->count * perEntry;
         const std::size_t first = tables_.references.size();
         if (!add(kind, first, offset, extentOf->header + references * referenceSize_, extentOf->count)) return false;
-        std::size_t place = offset + extentOf->header;
         tables_.references.resize(first + references);
-        for (Index& reference : std::span(tables_.references).subspan(first)) {
-            const std::uint64_t child = number(place, referenceSize_);
-            if (child >= count_) return fail("a reference to an object that does not exist", place);
-            reference = joined_.empty() ? static_cast<Index>(child) : joined_[child];
+        const std::span<Index> children = std::span(tables_.references).subspan(first);
+        const std::uint8_t* place = data_.data() + offset + extentOf->header;
+        for (Index& reference : children) {
+            const std::uint64_t child = loadBigEndian(place, referenceSize_);
+            if (child >= count_) {
+                return fail("a reference to an object that does not exist",
+                            static_cast<std::size_t>(place - data_.data()));
+            }
+            reference = static_cast<Index>(child);
             place += referenceSize_;
         }
+        if (joined_.empty()) return true;
+        for (Index& reference : children) reference = joined_[reference];
         return true;
     }
 

@@ -36,15 +36,23 @@ public:
 private:
     /// Keys are short, and a call would take longer than this.
     static bool isEqual(std::string_view one, std::string_view other) {
-        const std::size_t size = one.size();
-        if (size != other.size()) return false;
-        if (size < sizeof(std::uint64_t) || size > 2 * sizeof(std::uint64_t)) return one == other;
+        if (one.size() != other.size()) return false;
+        if (isTwo<std::uint64_t>(one)) return haveEqualEnds<std::uint64_t>(one, other);
+        return isTwo<std::uint32_t>(one) ? haveEqualEnds<std::uint32_t>(one, other) : one == other;
+    }
+    /// Whether the word at the beginning and that at the end are all of the text.
+    template <typename Word>
+    static bool isTwo(std::string_view text) {
+        return text.size() >= sizeof(Word) && text.size() <= 2 * sizeof(Word);
+    }
+    template <typename Word>
+    static bool haveEqualEnds(std::string_view one, std::string_view other) {
         const auto word = [](const char* at) {
-            std::uint64_t bits;
+            Word bits;
             std::memcpy(&bits, at, sizeof bits);
             return bits;
         };
-        const std::size_t last = size - sizeof(std::uint64_t);
+        const std::size_t last = one.size() - sizeof(Word);
         return word(one.data()) == word(other.data()) && word(one.data() + last) == word(other.data() + last);
     }
 

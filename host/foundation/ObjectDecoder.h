@@ -21,9 +21,13 @@ public:
     bool decodeBool(std::string_view key) override { return number(key).asBool(); }
     std::int64_t decodeInteger(std::string_view key) override { return number(key).asInteger(); }
     double decodeDouble(std::string_view key) override { return number(key).asReal(); }
-    Rect decodeRect(std::string_view key) override { return geometry(key, rectFromString, &Value::rect); }
-    Point decodePoint(std::string_view key) override { return geometry(key, pointFromString, &Value::point); }
-    Size decodeSize(std::string_view key) override { return geometry(key, sizeFromString, &Value::size); }
+    Rect decodeRect(std::string_view key) override {
+        const auto node = find(key);
+        const auto text = node ? textNode(*node) : std::nullopt;
+        return text ? reader_.rect(*text) : geometry(node, rectFromString, &Value::rect);
+    }
+    Point decodePoint(std::string_view key) override { return geometry(find(key), pointFromString, &Value::point); }
+    Size decodeSize(std::string_view key) override { return geometry(find(key), sizeFromString, &Value::size); }
     Value decodeValue(std::string_view key) override { return decodeValueIfPresent(key).value_or(Value()); }
     std::optional<Value> decodeValueIfPresent(std::string_view key) override;
     ObjectPtr context(std::string_view name) const override;
@@ -41,14 +45,17 @@ private:
     /// A boolean, integer or real; otherwise absent.
     Value number(std::string_view key) const;
 
+    std::optional<PropertyList::Index> textNode(PropertyList::Index node) const {
+        const auto plain = reader_.plainNode(node);
+        return plain && list_.kind(*plain) == PropertyList::Kind::string ? plain : std::nullopt;
+    }
+
     /// From its text, or from an array of numbers.
     template <typename Shape>
-    Shape geometry(std::string_view key, Shape (*fromText)(std::string_view),
+    Shape geometry(std::optional<PropertyList::Index> node, Shape (*fromText)(std::string_view),
                    std::optional<Shape> (Value::*fromValue)() const) {
-        const auto node = find(key);
         if (!node) return {};
-        const auto plain = reader_.plainNode(*node);
-        if (plain && list_.kind(*plain) == PropertyList::Kind::string) return fromText(list_.string(*plain));
+        if (const auto text = textNode(*node)) return fromText(list_.string(*text));
         std::optional<Value> taken;
         (void)reader_.take(*node, number_, taken);
         if (!taken) return {};

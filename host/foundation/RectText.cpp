@@ -62,13 +62,7 @@ public:
 
     bool number(double& value) {
         skipSpace();
-        if (wholeNumber(value)) return true;
-        const std::string_view rest(next_, end_);
-        if (rest.starts_with('+') && !rest.starts_with("+-")) ++next_;
-        const auto [end, error] = std::from_chars(next_, end_, value);
-        if (error != std::errc{}) return false;
-        next_ = end;
-        return true;
+        return wholeNumber(value) || anyNumber(value);
     }
 
     /// "{a, b}"
@@ -87,10 +81,10 @@ private:
         constexpr std::ptrdiff_t mostDigits = 15;
         const bool isNegative = next_ != end_ && *next_ == '-';
         const char* const first = next_ + (isNegative ? 1 : 0);
-        const char* const last = first + std::min(end_ - first, mostDigits + 1);
         const char* digit = first;
-        std::int64_t whole = 0;
-        for (; digit != last; ++digit) {
+        // More figures than fit wrap around harmlessly: the number is then not taken.
+        std::uint64_t whole = 0;
+        for (; digit != end_; ++digit) {
             const auto figure = static_cast<unsigned>(*digit - '0');
             if (figure > 9) break;
             whole = whole * 10 + figure;
@@ -103,8 +97,17 @@ private:
         return true;
     }
 
+    bool anyNumber(double& value) {
+        const std::string_view rest(next_, end_);
+        if (rest.starts_with('+') && !rest.starts_with("+-")) ++next_;
+        const auto [end, error] = std::from_chars(next_, end_, value);
+        if (error != std::errc{}) return false;
+        next_ = end;
+        return true;
+    }
+
     void skipSpace() {
-        while (next_ != end_ && (*next_ == ' ' || (*next_ >= '\t' && *next_ <= '\r'))) ++next_;
+        while (next_ != end_ && *next_ <= ' ' && (*next_ == ' ' || (*next_ >= '\t' && *next_ <= '\r'))) ++next_;
     }
 
     const char* next_;

@@ -3,7 +3,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <type_traits>
 #include <utility>
 
 #include "host/station/Agent.h"
@@ -41,9 +40,9 @@ protected:
     /// Copies what no setting carries.
     virtual void copyStateTo(ZORInstrumentView& /*copy*/) const {}
     /// Stores and asks for a redraw: what most setters do.
-    template <typename T>
-    void store(T& field, std::type_identity_t<T> value) {
-        field = std::move(value);
+    template <typename T, typename U = T>
+    void store(T& field, U&& value) {
+        field = std::forward<U>(value);
         setNeedsDisplay(true);
     }
 };

@@ -92,7 +92,10 @@ public:
     virtual Rect childrenClip() const { return bounds(); }
     /// Where the children's coordinates begin, in the receiver's own: away from (0, 0) only in a view that scrolls.
     virtual Point childrenOrigin() const { return {}; }
-    void setNeedsDisplay(bool needed);
+    void setNeedsDisplay(bool needed) {
+        // Most of what is set of a view is set before anybody sees it.
+        if (needed && (superview_ || window_ || extras_)) setNeedsDisplayInRect(bounds());
+    }
     void setNeedsDisplayInRect(const Rect& rect);
     /// Told whenever the view asks for redrawing, thus whenever its frame or anything that it shows changes.
     void setChangeObserver(std::function<void()> observer);

@@ -6,10 +6,6 @@
 
 namespace zor {
 
-void View::setNeedsDisplay(bool needed) {
-    if (needed) setNeedsDisplayInRect(bounds());
-}
-
 void View::setChangeObserver(std::function<void()> observer) {
     if (observer || extras_) extras().changeObserver = std::move(observer);
 }
@@ -20,16 +16,13 @@ void View::setNeedsDisplayInRect(const Rect& rect) {
         const auto observer = extras_->changeObserver;
         observer();
     }
-    // Most of what is set of a view is set before anybody sees it.
-    if (!superview_ && !window_) return;
+    Window* const shown = window();
+    if (!shown) return;
     Rect damaged = clipsToBounds() ? intersectionRect(rect, bounds()) : rect;
     for (const View* view = this; !view->hidden_ && !damaged.isEmpty(); view = view->superview_) {
         const Point origin = view->originInParent();
         damaged = offsetRect(damaged, origin.x, origin.y);
-        if (!view->superview_) {
-            if (view->window_) view->window_->viewNeedsDisplay(damaged);
-            return;
-        }
+        if (!view->superview_) return shown->viewNeedsDisplay(damaged);
         if (view->superview_->clipsToBounds()) {
             damaged = intersectionRect(damaged, view->superview_->childrenClip());
         }
