@@ -50,16 +50,16 @@ void LinkedInstrumentView::linkProperty(const std::string& name, const std::shar
         property_ = property;
         if (property_) property_->addObserver(this);
     }
-    propertyName_ = kept;
     lastPropertyName_ = kept;
+    isNamed_ = true;
     propertyChanged();
 }
 
 void LinkedInstrumentView::unlink() {
-    if (!propertyName_) return;
+    if (!isNamed_) return;
     if (property_) property_->removeObserver(this);
     property_.reset();
-    propertyName_.reset();
+    isNamed_ = false;
     propertyChanged();
 }
 
@@ -87,7 +87,7 @@ void LinkedInstrumentView::viewDidMoveToSuperview() {
 void LinkedInstrumentView::copyStateTo(ZORInstrumentView& copy) const {
     ZORInstrumentView::copyStateTo(copy);
     auto& linked = dynamic_cast<LinkedInstrumentView&>(copy);
-    if (propertyName_) linked.linkProperty(*propertyName_, property_);
+    if (isNamed_) linked.linkProperty(*lastPropertyName_, property_);
     linked.lastPropertyName_ = lastPropertyName_;
 }
 
@@ -112,11 +112,11 @@ Seconds LinkedInstrumentView::stationTime() const {
 }
 
 void LinkedInstrumentView::linkToAgentAbove() {
-    if (!propertyName_ || property_) return;
+    if (!isNamed_ || property_) return;
     const auto agent = agentAbove();
     // Without a property of that name nothing changes, so that nothing is told.
-    if (const auto found = agent ? agent->properties().find(*propertyName_) : nullptr) {
-        linkProperty(*propertyName_, found);
+    if (const auto found = agent ? agent->properties().find(*lastPropertyName_) : nullptr) {
+        linkProperty(*lastPropertyName_, found);
     }
 }
 

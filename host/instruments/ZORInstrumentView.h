@@ -62,7 +62,7 @@ public:
     std::shared_ptr<Property> property() const override { return property_; }
     /// An empty pointer unlinks; the name is then kept only in `lastPropertyName`.
     void setProperty(const std::shared_ptr<Property>& property) override;
-    std::optional<std::string> propertyName() const override { return propertyName_; }
+    std::optional<std::string> propertyName() const override { return isNamed_ ? lastPropertyName_ : std::nullopt; }
     /// An empty name unlinks.
     void linkProperty(const std::string& name, const std::shared_ptr<Property>& property) override;
     /// The name it was linked to last, for the list of unlinked instruments; nothing where it never was linked.
@@ -94,8 +94,9 @@ private:
     void unlink();
 
     std::shared_ptr<Property> property_;
-    std::optional<std::string> propertyName_;
     std::optional<std::string> lastPropertyName_;
+    /// Whether it is linked under the last name still.
+    bool isNamed_ = false;
 };
 
 }  // namespace zor

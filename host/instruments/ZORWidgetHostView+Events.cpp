@@ -36,9 +36,14 @@ Point ZORWidgetHostView::pointInParent(const Event& event) const {
     return superview()->convertPointFromView(event.locationInWindow(), nullptr);
 }
 
+ZORWidgetHostView::Press& ZORWidgetHostView::press() {
+    if (!press_) press_ = std::make_unique<Press>();
+    return *press_;
+}
+
 void ZORWidgetHostView::mouseDown(const EventPtr& event) {
     if (isHandlePress(*event)) {
-        resizing_ = Resizing{pointInParent(*event), frame().size()};
+        press().resizing = Resizing{pointInParent(*event), frame().size()};
         inLiveResize_ = true;
     }
     View::mouseDown(event);
@@ -47,15 +52,16 @@ void ZORWidgetHostView::mouseDown(const EventPtr& event) {
 void ZORWidgetHostView::mouseDragged(const EventPtr& event) {
     // Whoever remembers frames at the start of a drag must see the one from before.
     View::mouseDragged(event);
-    if (!resizing_ || !superview()) return;
+    if (!press_ || !press_->resizing || !superview()) return;
     const Point at = pointInParent(*event);
-    const Size size{std::max(leastSide, resizing_->sizeAtStart.width + at.x - resizing_->start.x),
-                    std::max(leastSide, resizing_->sizeAtStart.height + at.y - resizing_->start.y)};
+    const auto& [start, sizeAtStart] = *press_->resizing;
+    const Size size{std::max(leastSide, sizeAtStart.width + at.x - start.x),
+                    std::max(leastSide, sizeAtStart.height + at.y - start.y)};
     setFrame({frame().x, frame().y, size.width, size.height});
 }
 
 void ZORWidgetHostView::mouseUp(const EventPtr& event) {
-    resizing_.reset();
+    if (press_) press_->resizing.reset();
     inLiveResize_ = false;
     View::mouseUp(event);
 }

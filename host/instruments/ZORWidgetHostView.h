@@ -79,12 +79,12 @@ public:
     /// Where a gesture began; written by the editor, in points.
     Point mouseDownRelativeOffset() const { return mouseDownRelativeOffset_; }
     void setMouseDownRelativeOffset(Point offset) { mouseDownRelativeOffset_ = offset; }
-    Point mouseDownPoint() const { return mouseDownPoint_; }
-    void setMouseDownPoint(Point point) { mouseDownPoint_ = point; }
-    double clickOffsetX() const { return clickOffset_.x; }
-    void setClickOffsetX(double x) { clickOffset_.x = x; }
-    double clickOffsetY() const { return clickOffset_.y; }
-    void setClickOffsetY(double y) { clickOffset_.y = y; }
+    Point mouseDownPoint() const { return press_ ? press_->point : Point{}; }
+    void setMouseDownPoint(Point point) { press().point = point; }
+    double clickOffsetX() const { return press_ ? press_->clickOffset.x : 0; }
+    void setClickOffsetX(double x) { press().clickOffset.x = x; }
+    double clickOffsetY() const { return press_ ? press_->clickOffset.y : 0; }
+    void setClickOffsetY(double y) { press().clickOffset.y = y; }
 
     /// Frame, stacking number, title, editable state and the instrument with its settings and property; nothing of a
     /// selection or gesture.
@@ -122,7 +122,14 @@ private:
         Point start;
         Size sizeAtStart;
     };
+    /// What few widgets have, so that the others stay small.
+    struct Press {
+        Point point;
+        Point clickOffset;
+        std::optional<Resizing> resizing;
+    };
 
+    Press& press();
     static std::shared_ptr<ZORWidgetHostView> hosting(const Rect& rect, const std::shared_ptr<View>& target);
     bool hostsCanvas() const;
     bool isHandlePress(const Event& event) const;
@@ -133,9 +140,7 @@ private:
     std::int64_t hash_;
     std::int64_t zOrder_ = 0;
     Point mouseDownRelativeOffset_;
-    Point mouseDownPoint_;
-    Point clickOffset_;
-    std::optional<Resizing> resizing_;
+    std::unique_ptr<Press> press_;
     bool selected_ = false;
     bool allowResize_ = false;
     bool editable_ = false;

@@ -48,8 +48,15 @@ TEST(ListenersTest, ATakenPortIsAnError) {
     ASSERT_FALSE(second);
     EXPECT_TRUE(
         second.error().message.starts_with("cannot serve on 127.0.0.1:" + std::to_string(first->port()) + ": "));
-    const auto other = Listeners::open({"127.0.0.2"}, first->port());
-    EXPECT_TRUE(other);
+}
+
+TEST(ListenersTest, APortIsTakenOfOneAddressOnly) {
+    const auto servesBesides = [] {
+        const auto first = Listeners::open({}, 0);
+        return first && Listeners::open({"127.0.0.2"}, first->port());
+    };
+    // Another program may hold just that port of the other address.
+    EXPECT_TRUE(servesBesides() || servesBesides() || servesBesides());
 }
 
 }  // namespace
