@@ -1,5 +1,7 @@
 #pragma once
 
+#include <utility>
+
 #include "dashboard/WidgetRange.h"
 #include "host/instruments/ZORImageView.h"
 
@@ -51,6 +53,8 @@ public:
     const SettingList& widgetProperties() const override { return ZORImageView::widgetProperties(); }
     bool showPositionProperties() const override { return false; }
     std::string description() const { return "Edit View"; }
+    /// True once: a file may give many dashboards the same canvas, each of which would go through all its widgets.
+    bool claim() { return !std::exchange(claimed_, true); }
 
 private:
     void initCommon() { step_ = 20.0; }
@@ -62,6 +66,7 @@ private:
 
     bool editMode_ = false;
     bool drawGridLines_ = false;
+    bool claimed_ = false;
     double step_ = 20.0;
 };
 

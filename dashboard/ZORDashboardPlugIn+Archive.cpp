@@ -24,6 +24,7 @@ bool ZORDashboardPlugIn::initWithCoder(Decoder& decoder) {
     if (!ZORPlugIn::initWithCoder(decoder)) return false;
     setTitle(decoder.decodeString("title"));
     editView_ = decoder.decodeObject<ZORDashboardEditView>("editView");
+    if (editView_ && !editView_->claim()) editView_.reset();
     if (editView_ && (editView_->frame().width == 0 || editView_->frame().height == 0)) {
         editView_->setFrame(defaultCanvasFrame);
     }

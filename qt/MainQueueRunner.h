@@ -14,7 +14,8 @@ public:
     ~MainQueueRunner() override;
 
 protected:
-    bool event(QEvent* event) override;
+    /// Work waits.
+    void customEvent(QEvent* event) override;
     void timerEvent(QTimerEvent* event) override;
 
 private:

@@ -7,7 +7,14 @@
 
 namespace zor {
 
+namespace {
+
 using Reason = ArchiveFailure::Reason;
+
+/// Of a container, whatever it holds; in bytes.
+constexpr std::uint64_t weightOfEntry = 16;
+
+}  // namespace
 
 ArchiveReader::ArchiveReader(const PropertyList& list, std::span<const Index> objects, std::size_t fileSize,
                              const UnarchivingOptions& options)
@@ -15,7 +22,8 @@ ArchiveReader::ArchiveReader(const PropertyList& list, std::span<const Index> ob
       objects_(objects),
       options_(options),
       classes_(list, options.delegate),
-      textAllowance_(fileSize),
+      textAllowance_(Allowance::ofText(fileSize)),
+      containerAllowance_(Allowance::ofContainers(fileSize)),
       entryAllowance_(list.referenceCount()),
       layouts_(list),
       slotOfNode_(list.size(), none) {
@@ -31,7 +39,7 @@ ArchiveReader::Taken ArchiveReader::decode(std::uint64_t root) {
         if (levels_.size() == depth) finishLevel();
     }
     std::optional<Value> value;
-    const auto failure = takeObject(root, 0, value);
+    const auto failure = takeObject(root, 0, Taker::container, value);
     return {std::move(value).value_or(Value()), failure};
 }
 
@@ -100,7 +108,9 @@ void ArchiveReader::begin(Number number, Index node) {
         default: {
             std::optional<Value> value;
             if (const auto failure = takeLeaf(decoded, value)) return fail(decoded, failure);
-            if (value) decoded.value = *std::move(value);
+            if (!value) return;
+            decoded.value = *std::move(value);
+            decoded.weight = static_cast<Weight>(decoded.value.asString().size());
         }
     }
 }
@@ -150,7 +160,7 @@ void ArchiveReader::push(Level level) {
     if (levels_.size() == archive::deepestLevel) return fail(decoded, Reason::tooDeep);
     const std::size_t place = levels_.size() + 1;
     decoded.isOpen = true;
-    decoded.level = static_cast<std::uint32_t>(place);
+    decoded.level = static_cast<Depth>(place);
     level.objectLevel = level.isContainer ? (levels_.empty() ? 0 : levels_.back().objectLevel) : place;
     levels_.push_back(std::move(level));
 }
@@ -161,7 +171,7 @@ void ArchiveReader::finishLevel() {
     if (level.height == archive::deepestLevel) fail(decoded, Reason::tooDeep);
     if (!decoded.failure) fill(level, decoded);
     decoded.isOpen = false;
-    decoded.level = decoded.failure ? 0 : level.height + 1;
+    decoded.level = decoded.failure ? 0 : static_cast<Depth>(level.height + 1);
     if (decoded.failure) decoded.value = {};
     levels_.pop_back();
     if (!levels_.empty()) levels_.back().height = std::max(levels_.back().height, decoded.level);
@@ -175,13 +185,14 @@ void ArchiveReader::fill(Level& level, Decoded& decoded) {
         if (decoder.failure()) fail(decoded, decoder.failure());
         return;
     }
+    std::uint64_t weight = 0;
     if (level.array) level.array->reserve(level.second.size());
     for (std::size_t index = 0; index < level.second.size(); ++index) {
         ArchiveFailure failure;
         std::optional<Value> key;
-        if (level.dictionary) failure = take(level.first[index], decoded.number, key);
+        if (level.dictionary) failure = take(level.first[index], decoded.number, Taker::container, key);
         std::optional<Value> item;
-        if (!failure) failure = take(level.second[index], decoded.number, item);
+        if (!failure) failure = take(level.second[index], decoded.number, Taker::container, item);
         if (failure) return fail(decoded, failure);
         if (level.array) {
             level.array->push_back(std::move(item).value_or(Value()));
@@ -190,7 +201,22 @@ void ArchiveReader::fill(Level& level, Decoded& decoded) {
         } else if (item) {
             level.dictionary->emplace(key->asString(), *std::move(item));
         }
+        weight += weightOfEntry + this->weight(level.second[index]);
+        if (level.dictionary) weight += this->weight(level.first[index]);
     }
+    decoded.weight = static_cast<Weight>(std::min<std::uint64_t>(weight, std::numeric_limits<Weight>::max()));
+}
+
+/// Of what an entry holds, beside the entry.
+std::uint64_t ArchiveReader::weight(Index node) const {
+    if (list_.kind(node) == PropertyList::Kind::uid) {
+        const std::uint64_t reference = list_.uid(node);
+        if (reference >= objects_.size()) return 0;
+        node = objects_[reference];
+    }
+    if (list_.kind(node) == PropertyList::Kind::string) return list_.string(node).size();
+    const bool isDecoded = list_.kind(node) == PropertyList::Kind::dictionary && slotOfNode_[node] != none;
+    return isDecoded ? decoded_[slotOfNode_[node]].weight : 0;
 }
 
 void ArchiveReader::fail(Decoded& decoded, const ArchiveFailure& failure) {
@@ -241,21 +267,27 @@ std::optional<ArchiveReader::Index> ArchiveReader::plainNode(Index node) const {
     }
 }
 
-Rect ArchiveReader::rect(Index text) {
+std::string_view ArchiveReader::text(Index node) {
+    const auto content = list_.string(node);
+    return textAllowance_.take(content.size()) ? content : std::string_view();
+}
+
+Rect ArchiveReader::rect(Index node) {
     auto& [last, other] = recentRects_;
-    if (last.first != text) {
+    if (last.first != node) {
         std::swap(last, other);
-        if (last.first != text) last = {text, rectFromString(list_.string(text))};
+        if (last.first != node) last = {node, rectFromString(text(node))};
     }
     return last.second;
 }
 
-ArchiveFailure ArchiveReader::take(Index node, Number holder, std::optional<Value>& value) {
+ArchiveFailure ArchiveReader::take(Index node, Number holder, Taker taker, std::optional<Value>& value) {
     const bool isReference = list_.kind(node) == PropertyList::Kind::uid;
-    return isReference ? takeObject(list_.uid(node), holder, value) : takePlain(node, holder, value);
+    return isReference ? takeObject(list_.uid(node), holder, taker, value) : takePlain(node, holder, value);
 }
 
-ArchiveFailure ArchiveReader::takeObject(std::uint64_t reference, Number holder, std::optional<Value>& value) {
+ArchiveFailure ArchiveReader::takeObject(std::uint64_t reference, Number holder, Taker taker,
+                                         std::optional<Value>& value) {
     if (reference == 0) return {};
     if (reference >= objects_.size()) return {Reason::referenceOutOfRange, holder, reference};
     const Index node = objects_[reference];
@@ -270,7 +302,13 @@ ArchiveFailure ArchiveReader::takeObject(std::uint64_t reference, Number holder,
     }
     const Decoded& decoded = decoded_[slotOfNode_[node]];
     if (decoded.failure) return *decoded.failure;
-    if (!textAllowance_.take(decoded.value.asString().size())) return {Reason::textOutOfProportion, holder};
+    if (decoded.kind == Kind::string && !textAllowance_.take(decoded.weight)) {
+        return {Reason::textOutOfProportion, holder};
+    }
+    const bool isContainer = decoded.kind == Kind::array || decoded.kind == Kind::dictionary;
+    if (isContainer && taker == Taker::object && !containerAllowance_.take(decoded.weight)) {
+        return {Reason::sharedOutOfProportion, holder};
+    }
     if (!decoded.value.isAbsent()) value.emplace(decoded.value);
     return {};
 }

@@ -4,13 +4,16 @@
 
 #include <array>
 #include <deque>
+#include <limits>
 #include <memory>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
+#include "host/foundation/Allowance.h"
+#include "host/foundation/ArchiveFormat.h"
 #include "host/foundation/ArchivedClasses.h"
 #include "host/foundation/KeyLayouts.h"
-#include "host/foundation/TextAllowance.h"
 
 namespace zor {
 
@@ -37,15 +40,25 @@ public:
     /// Gives the value of a node that is a plain value or a reference to what is decoded already, or why it cannot;
     /// `holder` is the object that asks. `value` comes empty and stays so for what is absent, as are containers that
     /// are no objects of the archive.
-    ArchiveFailure take(Index node, Number holder, std::optional<Value>& value);
+    ArchiveFailure take(Index node, Number holder, std::optional<Value>& value) {
+        return take(node, holder, Taker::object, value);
+    }
+    /// The text at the node, to be read at once; empty where the archive repeats texts out of proportion.
+    std::string_view text(Index node);
     /// What the text at the node says: widgets mostly have the size of others, so that their contents share a text.
-    Rect rect(Index text);
+    Rect rect(Index node);
     /// The node itself, or the one that it refers to, where that is a plain value.
     std::optional<Index> plainNode(Index node) const;
 
 private:
     using Kind = ArchivedClass::Kind;
     using Slot = std::uint32_t;
+    using Weight = std::uint32_t;
+    /// Of objects and containers that hold each other.
+    using Depth = std::uint16_t;
+    static_assert(archive::deepestLevel < std::numeric_limits<Depth>::max());
+    /// An object looks through what it is given; a container only holds it.
+    enum class Taker { object, container };
     static constexpr Slot none = 0xFFFF'FFFF;
     static constexpr Index noNode = 0xFFFF'FFFF;
 
@@ -58,9 +71,11 @@ private:
         Number number = 0;
         /// The node of a dictionary's keys.
         Index keys = noNode;
+        /// Bytes of a text or container, with all that it holds but objects.
+        Weight weight = 0;
         /// Its place on the stack, counted from one, while it is open; then the levels of objects and containers from
-        /// here down, zero for leaves.
-        std::uint32_t level = 0;
+        /// here down, zero for leaves and for what failed.
+        Depth level = 0;
         Kind kind = Kind::unusable;
         bool isOpen = false;
     };
@@ -70,7 +85,7 @@ private:
     struct Level {
         Slot slot = none;
         bool isContainer = false;
-        std::uint32_t height = 0;
+        Depth height = 0;
         std::span<const Index> first = {};
         std::span<const Index> second = {};
         std::size_t next = 0;
@@ -95,7 +110,9 @@ private:
     static void fail(Decoded& decoded, const ArchiveFailure& failure);
     static void fail(Decoded& decoded, ArchiveFailure::Reason reason);
     ArchiveFailure takeLeaf(const Decoded& decoded, std::optional<Value>& value);
-    ArchiveFailure takeObject(std::uint64_t reference, Number holder, std::optional<Value>& value);
+    ArchiveFailure take(Index node, Number holder, Taker taker, std::optional<Value>& value);
+    ArchiveFailure takeObject(std::uint64_t reference, Number holder, Taker taker, std::optional<Value>& value);
+    std::uint64_t weight(Index node) const;
     std::optional<Index> classReference(Index node, const KeyLayout* layout) const;
     ArchiveFailure takePlain(Index node, Number holder, std::optional<Value>& value);
     ArchiveFailure takeText(Index node, Number holder, std::optional<Value>& value);
@@ -104,7 +121,8 @@ private:
     const std::span<const Index> objects_;
     const UnarchivingOptions& options_;
     ArchivedClasses classes_;
-    TextAllowance textAllowance_;
+    Allowance textAllowance_;
+    Allowance containerAllowance_;
     /// How many entries containers may still have: no more, all together, than the file has references.
     std::size_t entryAllowance_;
     KeyLayouts layouts_;

@@ -234,13 +234,10 @@ private:
         if (!add(kind, first, offset, extentOf->header + references * referenceSize_, extentOf->count)) return false;
         tables_.references.resize(first + references);
         const std::span<Index> children = std::span(tables_.references).subspan(first);
-        const std::uint8_t* place = data_.data() + offset + extentOf->header;
+        std::size_t place = offset + extentOf->header;
         for (Index& reference : children) {
-            const std::uint64_t child = loadBigEndian(place, referenceSize_);
-            if (child >= count_) {
-                return fail("a reference to an object that does not exist",
-                            static_cast<std::size_t>(place - data_.data()));
-            }
+            const std::uint64_t child = number(place, referenceSize_);
+            if (child >= count_) return fail("a reference to an object that does not exist", place);
             reference = static_cast<Index>(child);
             place += referenceSize_;
         }

@@ -37,12 +37,12 @@ private:
     /// Keys are short, and a call would take longer than this.
     static bool isEqual(std::string_view one, std::string_view other) {
         if (one.size() != other.size()) return false;
-        if (isTwo<std::uint64_t>(one)) return haveEqualEnds<std::uint64_t>(one, other);
-        return isTwo<std::uint32_t>(one) ? haveEqualEnds<std::uint32_t>(one, other) : one == other;
+        if (coversAll<std::uint64_t>(one)) return haveEqualEnds<std::uint64_t>(one, other);
+        return coversAll<std::uint32_t>(one) ? haveEqualEnds<std::uint32_t>(one, other) : one == other;
     }
-    /// Whether the word at the beginning and that at the end are all of the text.
+    /// Whether the word at the beginning and that at the end, together, are all of the text.
     template <typename Word>
-    static bool isTwo(std::string_view text) {
+    static bool coversAll(std::string_view text) {
         return text.size() >= sizeof(Word) && text.size() <= 2 * sizeof(Word);
     }
     template <typename Word>

@@ -55,7 +55,7 @@ private:
     Shape geometry(std::optional<PropertyList::Index> node, Shape (*fromText)(std::string_view),
                    std::optional<Shape> (Value::*fromValue)() const) {
         if (!node) return {};
-        if (const auto text = textNode(*node)) return fromText(list_.string(*text));
+        if (const auto text = textNode(*node)) return fromText(reader_.text(*text));
         std::optional<Value> taken;
         (void)reader_.take(*node, number_, taken);
         if (!taken) return {};

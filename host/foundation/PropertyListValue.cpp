@@ -6,7 +6,7 @@
 
 #include "host/foundation/PropertyList.h"
 #include "host/foundation/PropertyListBuilder.h"
-#include "host/foundation/TextAllowance.h"
+#include "host/foundation/Allowance.h"
 
 namespace zor {
 
@@ -24,7 +24,7 @@ Error tooDeep() {
 /// Makes values bottom up, each container and each piece of data once.
 class ValueMaker {
 public:
-    explicit ValueMaker(const PropertyList& list) : list_(list), allowance_(list.size() + list.referenceCount()) {}
+    explicit ValueMaker(const PropertyList& list) : list_(list), allowance_(Allowance::ofText(list.size() + list.referenceCount())) {}
 
     Result<Value> make(Index root) {
         if (!isContainer(root)) return scalar(root);
@@ -120,7 +120,7 @@ private:
     }
 
     const PropertyList& list_;
-    TextAllowance allowance_;
+    Allowance allowance_;
     bool overdrawn_ = false;
     std::vector<Level> levels_;
     std::unordered_map<Index, Made> made_;

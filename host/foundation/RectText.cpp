@@ -81,10 +81,10 @@ private:
         constexpr std::ptrdiff_t mostDigits = 15;
         const bool isNegative = next_ != end_ && *next_ == '-';
         const char* const first = next_ + (isNegative ? 1 : 0);
+        const char* const last = first + std::min(end_ - first, mostDigits + 1);
         const char* digit = first;
-        // More figures than fit wrap around harmlessly: the number is then not taken.
-        std::uint64_t whole = 0;
-        for (; digit != end_; ++digit) {
+        std::int64_t whole = 0;
+        for (; digit != last; ++digit) {
             const auto figure = static_cast<unsigned>(*digit - '0');
             if (figure > 9) break;
             whole = whole * 10 + figure;
@@ -107,6 +107,7 @@ private:
     }
 
     void skipSpace() {
+        // Mostly there is none, and one comparison tells.
         while (next_ != end_ && *next_ <= ' ' && (*next_ == ' ' || (*next_ >= '\t' && *next_ <= '\r'))) ++next_;
     }
 

@@ -43,14 +43,12 @@ void LinkedInstrumentView::setPropertyName(const std::optional<std::string>& nam
 
 void LinkedInstrumentView::linkProperty(const std::string& name, const std::shared_ptr<Property>& property) {
     if (name.empty()) return unlink();
-    // The argument may be this instrument's own name, which is about to change.
-    const std::string kept = name;
     if (property != property_) {
         if (property_) property_->removeObserver(this);
         property_ = property;
         if (property_) property_->addObserver(this);
     }
-    lastPropertyName_ = kept;
+    lastPropertyName_ = name;
     isNamed_ = true;
     propertyChanged();
 }

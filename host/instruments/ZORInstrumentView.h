@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <utility>
 
 #include "host/station/Agent.h"
@@ -40,9 +41,9 @@ protected:
     /// Copies what no setting carries.
     virtual void copyStateTo(ZORInstrumentView& /*copy*/) const {}
     /// Stores and asks for a redraw: what most setters do.
-    template <typename T, typename U = T>
-    void store(T& field, U&& value) {
-        field = std::forward<U>(value);
+    template <typename T>
+    void store(T& field, std::type_identity_t<T> value) {
+        field = std::move(value);
         setNeedsDisplay(true);
     }
 };
@@ -95,7 +96,7 @@ private:
 
     std::shared_ptr<Property> property_;
     std::optional<std::string> lastPropertyName_;
-    /// Whether it is linked under the last name still.
+    /// Whether the last name is its name now.
     bool isNamed_ = false;
 };
 

@@ -7,38 +7,27 @@ namespace zor {
 
 namespace {
 
-bool isOffered(const Setting& setting, const Value& value) {
-    return std::ranges::any_of(setting.choices, [&](const auto& choice) { return choice.first == value; });
-}
-
-bool isWithinLimits(const Setting& setting, const Value& value) {
-    const auto number = value.number();
-    return number && std::isfinite(*number) && (!setting.minimum || *number >= *setting.minimum) &&
-           (!setting.maximum || *number <= *setting.maximum);
-}
-
-/// Apart from the value's kind, which the setter knows.
-bool mayTake(const Setting& setting, const Value& value) {
-    if (!setting.choices.empty()) return isOffered(setting, value);
-    return setting.kind != SettingKind::number || isWithinLimits(setting, value);
-}
-
-/// Why the setting did not take the value.
+/// What is wrong with the value apart from its kind, which the setter knows; empty where nothing is.
 std::string objection(const Setting& setting, const Value& value) {
-    if (mayTake(setting, value)) return "the value is of the wrong kind";
-    if (!setting.choices.empty()) return "the value is none of the choices";
+    if (!setting.choices.empty()) {
+        const bool offered =
+            std::ranges::any_of(setting.choices, [&](const auto& choice) { return choice.first == value; });
+        return offered ? "" : "the value is none of the choices";
+    }
+    if (setting.kind != SettingKind::number) return {};
     const auto number = value.number();
     if (!number || !std::isfinite(*number)) return "must be a finite number";
-    const bool isTooSmall = setting.minimum && *number < *setting.minimum;
-    return isTooSmall ? "must be at least " + shortestNumber(*setting.minimum)
-                      : "must be at most " + shortestNumber(*setting.maximum);
+    if (setting.minimum && *number < *setting.minimum) return "must be at least " + shortestNumber(*setting.minimum);
+    if (setting.maximum && *number > *setting.maximum) return "must be at most " + shortestNumber(*setting.maximum);
+    return {};
 }
 
 }  // namespace
 
 Status applySetting(Object& object, const Setting& setting, const Value& value) {
-    if (mayTake(setting, value) && setting.set(object, value)) return success();
-    return Error{objection(setting, value)};
+    if (auto reason = objection(setting, value); !reason.empty()) return Error{std::move(reason)};
+    if (!setting.set(object, value)) return Error{"the value is of the wrong kind"};
+    return success();
 }
 
 Status applySetting(Object& object, const SettingList& settings, std::string_view name, const Value& value) {

@@ -188,8 +188,9 @@ void SiteDocument::encodeWithCoder(Encoder& encoder) {
 
 bool SiteDocument::initWithCoder(Decoder& decoder) {
     if (!Object::initWithCoder(decoder)) return false;
-    auto controller = std::dynamic_pointer_cast<SiteWindowController>(decoder.context("siteWindowController"));
-    if (!controller) controller = std::make_shared<SiteWindowController>();
+    const auto controller = std::dynamic_pointer_cast<SiteWindowController>(decoder.context("siteWindowController"));
+    // One to a file: many could share plug-ins, each of which would show them.
+    if (!controller || controller->document()) return false;
     adopt(decoder.decodeObject<Agent>("agent"), controller);
     if (!agent_) fault_ = "agent: the Site Document has none";
     controller->addPlugIns(decodePlugIns(decoder, "plugIns", fault_));

@@ -39,6 +39,18 @@ public:
         return object(arrayClass, {{"NS.objects", list_.addArray(references)}});
     }
 
+    Number number(double number) { return add(real(number)); }
+    /// Of the class "NSDictionary" at that number.
+    Number dictionaryObject(Number dictionaryClass, const std::vector<std::pair<Number, Number>>& entries) {
+        std::vector<Index> keys;
+        std::vector<Index> values;
+        for (const auto& [key, value] : entries) {
+            keys.push_back(uid(key));
+            values.push_back(uid(value));
+        }
+        return object(dictionaryClass, {{"NS.keys", list_.addArray(keys)}, {"NS.objects", list_.addArray(values)}});
+    }
+
     Bytes finish(Number root) {
         const Index top = dictionary({{"root", uid(root)}});
         const Index objects = list_.addArray(objects_);

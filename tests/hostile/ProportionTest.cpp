@@ -125,6 +125,87 @@ TEST(Proportion, SelectedWidgets) {
     });
 }
 
+std::vector<Number> copiesOf(ArchiveBuilder& archive, std::size_t count, std::string_view className,
+                             const ArchiveBuilder::Entries& entries = {}) {
+    const Number itsClass = archive.classOf(className);
+    std::vector<Number> all;
+    for (std::size_t index = 0; index < count; ++index) all.push_back(archive.object(itsClass, entries));
+    return all;
+}
+
+TEST(Proportion, WidgetsThatShareACanvas) {
+    expectProportion("widgets that share a canvas", 100'000, [](std::size_t count) {
+        ArchiveBuilder archive;
+        const Number arrayClass = archive.classOf("NSArray");
+        const Number below = archive.array(arrayClass, copiesOf(archive, count, "ZORWidgetHostView"));
+        const Number target = archive.object(archive.classOf("ZORImageView"), {{"subviews", archive.uid(below)}});
+        const auto widgets = copiesOf(archive, count, "ZORWidgetHostView", {{"targetView", archive.uid(target)}});
+        const Number dashboard = dashboardOf(archive, arrayClass, widgets);
+        return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, {dashboard}));
+    });
+}
+
+TEST(Proportion, DashboardsThatShareACanvas) {
+    expectProportion("dashboards that share a canvas", 50'000, [](std::size_t count) {
+        ArchiveBuilder archive;
+        const Number arrayClass = archive.classOf("NSArray");
+        const Number widgets = archive.array(arrayClass, copiesOf(archive, count, "ZORWidgetHostView"));
+        const Number canvas =
+            archive.object(archive.classOf("ZORDashboardEditView"), {{"subviews", archive.uid(widgets)}});
+        const auto dashboards =
+            copiesOf(archive, count, "ZORDashboardPlugIn",
+                     {{"title", archive.uid(archive.text("Weather"))}, {"editView", archive.uid(canvas)}});
+        return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, dashboards));
+    });
+}
+
+/// The fault of a Site Document whose dashboards' canvas holds objects of that class, all with the same value under the
+/// key.
+std::string faultOfShared(const char* what, std::string_view className, std::string_view key,
+                          Number (*make)(ArchiveBuilder&, Number arrayClass, std::size_t count)) {
+    const std::size_t count = isSanitized ? 10'000 : 100'000;
+    ArchiveBuilder archive;
+    const Number arrayClass = archive.classOf("NSArray");
+    const auto shared = archive.uid(make(archive, arrayClass, count));
+    const Number dashboard = dashboardOf(archive, arrayClass, copiesOf(archive, count, className, {{key, shared}}));
+    const Bytes data =
+        siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, {dashboard}));
+    const TimeLimit limit(what, secondsAtMost);
+    const MemoryMeter meter;
+    const auto status = openSite(data);
+    EXPECT_LT(meter.peak(), std::size_t{256} << 20);
+    return status ? "" : status.error().message;
+}
+
+TEST(Proportion, ViewsThatShareTheirChildren) {
+    const auto fault = faultOfShared("views that share their children", "View", "subviews",
+                                     [](ArchiveBuilder& archive, Number arrayClass, std::size_t count) {
+                                         return archive.array(arrayClass, copiesOf(archive, count, "View"));
+                                     });
+    EXPECT_TRUE(fault.ends_with(" shares its entries with others out of proportion")) << fault;
+}
+
+TEST(Proportion, InstrumentsThatShareThresholds) {
+    const auto fault =
+        faultOfShared("instruments that share thresholds", "ZORLEDView", "thresholds",
+                      [](ArchiveBuilder& archive, Number arrayClass, std::size_t count) {
+                          return archive.array(arrayClass, std::vector<Number>(count, archive.text("#ff0000")));
+                      });
+    EXPECT_TRUE(fault.ends_with(" shares its entries with others out of proportion")) << fault;
+}
+
+TEST(Proportion, LabelsThatShareAFontOfALongName) {
+    const auto fault = faultOfShared(
+        "labels that share a font of a long name", "ZORTextFieldView", "font",
+        [](ArchiveBuilder& archive, Number, std::size_t) {
+            return archive.dictionaryObject(
+                archive.classOf("NSDictionary"),
+                {{archive.text("family"), archive.text(std::string(1 << 20, 'F'))},
+                 {archive.text("size"), archive.number(24)}});
+        });
+    EXPECT_TRUE(fault.ends_with(" shares its entries with others out of proportion")) << fault;
+}
+
 TEST(Proportion, AMillionTimesTheSameDashboardAndWidget) {
     ArchiveBuilder archive;
     const Number arrayClass = archive.classOf("NSArray");

@@ -194,6 +194,53 @@ TEST(KeyedUnarchiverProportion, ReleasesAChainWhoseLevelsCirclesHide) {
     EXPECT_TRUE(first.expired());
 }
 
+TEST(KeyedUnarchiverProportion, ReadsGeometryInProportion) {
+    // Ten thousand nodes whose frames, points and sizes are few texts of a megabyte: were all read, 20 GB.
+    constexpr std::size_t count = 10'000;
+    const std::string spaces(1 << 20, ' ');
+    registerClasses();
+    SharingArchive archive;
+    const auto nodeClass = archive.addClass("ArchiveTestNode");
+    std::vector<SharingArchive::Index> frames;
+    for (const std::string text : {"{{1, 2}, {3, 4}}", "{{5, 6}, {7, 8}}", "{{9, 10}, {11, 12}}"}) {
+        frames.push_back(archive.add(archive.text(spaces + text)));
+    }
+    const auto pair = archive.add(archive.text(spaces + "{13, 14}"));
+    std::vector<SharingArchive::Index> all;
+    for (std::size_t index = 0; index < count; ++index) {
+        all.push_back(archive.add(archive.dictionary({{archive.text("frame"), frames[index % frames.size()]},
+                                                      {archive.text("point"), pair},
+                                                      {archive.text("size"), pair},
+                                                      {archive.text("$class"), nodeClass}})));
+    }
+    const auto root = archive.unarchived(archive.container(archive.addClass("NSArray"), archive.array(all)));
+    ASSERT_TRUE(root) << root.error().message;
+    const auto first = root->asArray().front().as<Node>();
+    EXPECT_EQ(first->frame, (Rect{1, 2, 3, 4}));
+    EXPECT_EQ(first->point, (Point{13, 14}));
+    EXPECT_EQ(first->size, (Size{13, 14}));
+    const auto last = root->asArray().back().as<Node>();
+    EXPECT_EQ(last->frame, Rect{});
+    EXPECT_EQ(last->point, Point{});
+    EXPECT_EQ(last->size, Size{});
+}
+
+TEST(KeyedUnarchiverProportion, ReadsGeometryThatAllShareWhateverItsLength) {
+    constexpr std::size_t count = 10'000;
+    registerClasses();
+    SharingArchive archive;
+    const auto nodeClass = archive.addClass("ArchiveTestNode");
+    const auto frame = archive.add(archive.text(std::string(1 << 20, ' ') + "{{1, 2}, {3, 4}}"));
+    std::vector<SharingArchive::Index> all;
+    for (std::size_t index = 0; index < count; ++index) {
+        all.push_back(
+            archive.add(archive.dictionary({{archive.text("frame"), frame}, {archive.text("$class"), nodeClass}})));
+    }
+    const auto root = archive.unarchived(archive.container(archive.addClass("NSArray"), archive.array(all)));
+    ASSERT_TRUE(root) << root.error().message;
+    EXPECT_EQ(root->asArray().back().as<Node>()->frame, (Rect{1, 2, 3, 4}));
+}
+
 TEST(KeyedUnarchiverProportion, RefusesTextRepeatedOutOfProportion) {
     std::vector<std::uint64_t> references(100'000, 3);
     EXPECT_EQ(faultOf({container(2, references), classRecord("NSArray"), string(std::string(1 << 20, 'x'))}),

@@ -151,6 +151,15 @@ TEST_F(LinkedInstrument, ACopyKeepsANameWithoutProperty) {
     EXPECT_FALSE(copy->property());
 }
 
+TEST_F(LinkedInstrument, ACopyOfWhatWasUnlinkedKeepsItsLastNameOnly) {
+    field->setProperty(test::temperature(21.5));
+    field->setProperty({});
+    const auto copy = std::dynamic_pointer_cast<ZORTextFieldView>(field->copy());
+    ASSERT_TRUE(copy);
+    EXPECT_FALSE(copy->propertyName());
+    EXPECT_EQ(copy->lastPropertyName(), "outdoorTemperature");
+}
+
 TEST_F(LinkedInstrument, TheArchiveHoldsTheNameNotTheProperty) {
     field->setProperty(test::temperature(21.5));
     const auto read = test::roundTrip(field);
