@@ -50,11 +50,6 @@ void ZORDashboardEditView::encodeWithCoder(Encoder& encoder) {
 
 bool ZORDashboardEditView::initWithCoder(Decoder& decoder) {
     if (!ZORImageView::initWithCoder(decoder)) return false;
-    // Placeholders that stand for widgets of unknown classes, and anything else that is no widget, stay out.
-    const auto children = subviews();
-    for (const auto& child : children) {
-        if (!child->isKindOf(ZORWidgetHostView::staticClass())) child->removeFromSuperview();
-    }
     setDrawPlaceholderImage(false);
     setEditMode(decoder.decodeBool("editMode"));
     setDrawGridLines(decoder.decodeBool("drawGridLines"));

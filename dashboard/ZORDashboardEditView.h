@@ -35,6 +35,8 @@ public:
     WidgetRange widgets() const { return WidgetRange(subviews()); }
     /// On top, then numbers every widget with its 1-based position. A view that is no widget is not taken.
     void addSubview(const std::shared_ptr<View>& widget) override;
+    /// Placeholders that stand for widgets of unknown classes, and anything else that is no widget, stay out.
+    bool mayRestore(const View& child) const override { return child.isKindOf(ZORWidgetHostView::staticClass()); }
     /// Adds them one after the other and numbers once, which leaves what adding each by itself would leave.
     void addSubviews(const std::vector<std::shared_ptr<ZORWidgetHostView>>& widgets);
 

@@ -44,6 +44,8 @@ std::string ArchiveFailure::description(const PropertyList& list) const {
                 return "nests deeper than " + std::to_string(archive::deepestLevel) + " levels";
             case Reason::sharedOutOfProportion:
                 return "shares its entries with others out of proportion";
+            case Reason::givenOutOfProportion:
+                return "is given entries that others are given too, out of proportion";
             case Reason::textOutOfProportion:
                 return "repeats text out of proportion";
         }

@@ -26,6 +26,7 @@ struct ArchiveFailure {
         containsItself,
         tooDeep,
         sharedOutOfProportion,
+        givenOutOfProportion,
         textOutOfProportion,
     };
 

@@ -11,8 +11,13 @@ namespace {
 
 using Reason = ArchiveFailure::Reason;
 
-/// Of a container, whatever it holds; in bytes.
-constexpr std::uint64_t weightOfEntry = 16;
+/// Of what an entry takes where the container is copied, beside its text; in bytes.
+constexpr std::uint64_t weightOfItem = 16;
+constexpr std::uint64_t weightOfPair = 64;
+
+std::size_t textSize(const std::optional<Value>& value) {
+    return value ? value->asString().size() : 0;
+}
 
 }  // namespace
 
@@ -194,6 +199,7 @@ void ArchiveReader::fill(Level& level, Decoded& decoded) {
         std::optional<Value> item;
         if (!failure) failure = take(level.second[index], decoded.number, Taker::container, item);
         if (failure) return fail(decoded, failure);
+        weight += (level.array ? weightOfItem : weightOfPair) + textSize(key) + textSize(item);
         if (level.array) {
             level.array->push_back(std::move(item).value_or(Value()));
         } else if (!key || !key->isString()) {
@@ -201,22 +207,8 @@ void ArchiveReader::fill(Level& level, Decoded& decoded) {
         } else if (item) {
             level.dictionary->emplace(key->asString(), *std::move(item));
         }
-        weight += weightOfEntry + this->weight(level.second[index]);
-        if (level.dictionary) weight += this->weight(level.first[index]);
     }
     decoded.weight = static_cast<Weight>(std::min<std::uint64_t>(weight, std::numeric_limits<Weight>::max()));
-}
-
-/// Of what an entry holds, beside the entry.
-std::uint64_t ArchiveReader::weight(Index node) const {
-    if (list_.kind(node) == PropertyList::Kind::uid) {
-        const std::uint64_t reference = list_.uid(node);
-        if (reference >= objects_.size()) return 0;
-        node = objects_[reference];
-    }
-    if (list_.kind(node) == PropertyList::Kind::string) return list_.string(node).size();
-    const bool isDecoded = list_.kind(node) == PropertyList::Kind::dictionary && slotOfNode_[node] != none;
-    return isDecoded ? decoded_[slotOfNode_[node]].weight : 0;
 }
 
 void ArchiveReader::fail(Decoded& decoded, const ArchiveFailure& failure) {
@@ -267,16 +259,18 @@ std::optional<ArchiveReader::Index> ArchiveReader::plainNode(Index node) const {
     }
 }
 
-std::string_view ArchiveReader::text(Index node) {
+std::optional<std::string_view> ArchiveReader::text(Index node) {
     const auto content = list_.string(node);
-    return textAllowance_.take(content.size()) ? content : std::string_view();
+    return textAllowance_.take(content.size()) ? std::optional(content) : std::nullopt;
 }
 
-Rect ArchiveReader::rect(Index node) {
+std::optional<Rect> ArchiveReader::rect(Index node) {
     auto& [last, other] = recentRects_;
+    if (last.first != node) std::swap(last, other);
     if (last.first != node) {
-        std::swap(last, other);
-        if (last.first != node) last = {node, rectFromString(text(node))};
+        const auto content = text(node);
+        if (!content) return {};
+        last = {node, rectFromString(*content)};
     }
     return last.second;
 }
@@ -307,7 +301,7 @@ ArchiveFailure ArchiveReader::takeObject(std::uint64_t reference, Number holder,
     }
     const bool isContainer = decoded.kind == Kind::array || decoded.kind == Kind::dictionary;
     if (isContainer && taker == Taker::object && !containerAllowance_.take(decoded.weight)) {
-        return {Reason::sharedOutOfProportion, holder};
+        return {Reason::givenOutOfProportion, holder};
     }
     if (!decoded.value.isAbsent()) value.emplace(decoded.value);
     return {};

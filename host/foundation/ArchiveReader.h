@@ -43,10 +43,10 @@ public:
     ArchiveFailure take(Index node, Number holder, std::optional<Value>& value) {
         return take(node, holder, Taker::object, value);
     }
-    /// The text at the node, to be read at once; empty where the archive repeats texts out of proportion.
-    std::string_view text(Index node);
-    /// What the text at the node says: widgets mostly have the size of others, so that their contents share a text.
-    Rect rect(Index node);
+    /// The text at the node, to be read at once; nothing where the archive repeats texts out of proportion.
+    std::optional<std::string_view> text(Index node);
+    /// What it says: widgets mostly have the size of others, so that their contents share a text.
+    std::optional<Rect> rect(Index node);
     /// The node itself, or the one that it refers to, where that is a plain value.
     std::optional<Index> plainNode(Index node) const;
 
@@ -71,7 +71,7 @@ private:
         Number number = 0;
         /// The node of a dictionary's keys.
         Index keys = noNode;
-        /// Bytes of a text or container, with all that it holds but objects.
+        /// Bytes of a text, or of a container's entries and their texts; zero while it is open.
         Weight weight = 0;
         /// Its place on the stack, counted from one, while it is open; then the levels of objects and containers from
         /// here down, zero for leaves and for what failed.
@@ -112,7 +112,6 @@ private:
     ArchiveFailure takeLeaf(const Decoded& decoded, std::optional<Value>& value);
     ArchiveFailure take(Index node, Number holder, Taker taker, std::optional<Value>& value);
     ArchiveFailure takeObject(std::uint64_t reference, Number holder, Taker taker, std::optional<Value>& value);
-    std::uint64_t weight(Index node) const;
     std::optional<Index> classReference(Index node, const KeyLayout* layout) const;
     ArchiveFailure takePlain(Index node, Number holder, std::optional<Value>& value);
     ArchiveFailure takeText(Index node, Number holder, std::optional<Value>& value);

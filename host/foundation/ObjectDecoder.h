@@ -24,7 +24,7 @@ public:
     Rect decodeRect(std::string_view key) override {
         const auto node = find(key);
         const auto text = node ? textNode(*node) : std::nullopt;
-        return text ? reader_.rect(*text) : geometry(node, rectFromString, &Value::rect);
+        return text ? orFailure(reader_.rect(*text)) : geometry(node, rectFromString, &Value::rect);
     }
     Point decodePoint(std::string_view key) override { return geometry(find(key), pointFromString, &Value::point); }
     Size decodeSize(std::string_view key) override { return geometry(find(key), sizeFromString, &Value::size); }
@@ -50,12 +50,22 @@ private:
         return plain && list_.kind(*plain) == PropertyList::Kind::string ? plain : std::nullopt;
     }
 
+    /// Zero where texts are repeated out of proportion, which fails the object.
+    template <typename Shape>
+    Shape orFailure(const std::optional<Shape>& shape) {
+        if (!shape && !failure_) failure_ = {ArchiveFailure::Reason::textOutOfProportion, number_};
+        return shape.value_or(Shape{});
+    }
+
     /// From its text, or from an array of numbers.
     template <typename Shape>
     Shape geometry(std::optional<PropertyList::Index> node, Shape (*fromText)(std::string_view),
                    std::optional<Shape> (Value::*fromValue)() const) {
         if (!node) return {};
-        if (const auto text = textNode(*node)) return fromText(reader_.text(*text));
+        if (const auto text = textNode(*node)) {
+            const auto content = reader_.text(*text);
+            return orFailure(content ? std::optional(fromText(*content)) : std::nullopt);
+        }
         std::optional<Value> taken;
         (void)reader_.take(*node, number_, taken);
         if (!taken) return {};

@@ -4,9 +4,9 @@
 #include <unordered_map>
 #include <utility>
 
+#include "host/foundation/Allowance.h"
 #include "host/foundation/PropertyList.h"
 #include "host/foundation/PropertyListBuilder.h"
-#include "host/foundation/Allowance.h"
 
 namespace zor {
 
@@ -24,7 +24,8 @@ Error tooDeep() {
 /// Makes values bottom up, each container and each piece of data once.
 class ValueMaker {
 public:
-    explicit ValueMaker(const PropertyList& list) : list_(list), allowance_(Allowance::ofText(list.size() + list.referenceCount())) {}
+    explicit ValueMaker(const PropertyList& list)
+        : list_(list), allowance_(Allowance::ofText(list.size() + list.referenceCount())) {}
 
     Result<Value> make(Index root) {
         if (!isContainer(root)) return scalar(root);

@@ -99,7 +99,8 @@ std::optional<double> LinkedInstrumentView::currentValue() const {
 
 std::shared_ptr<Agent> LinkedInstrumentView::agentAbove() const {
     for (const Responder* responder = this; responder; responder = responder->nextResponder()) {
-        if (const auto* plugIn = dynamic_cast<const ZORPlugIn*>(responder)) return plugIn->agent();
+        // The class record tells without a cast: views may be nested deeply.
+        if (responder->isKindOf(ZORPlugIn::staticClass())) return static_cast<const ZORPlugIn*>(responder)->agent();
     }
     return {};
 }

@@ -7,11 +7,13 @@ namespace zor {
 
 namespace {
 
-/// What an archive holds for a setting. Writers may store a boolean as an integer.
+/// What an archive holds for a setting. Writers may store a boolean as an integer. Only a person names a picture's file:
+/// an archive could name any that this computer has.
 std::optional<Value> storedValue(Decoder& decoder, const Setting& setting) {
     auto value = decoder.decodeValueIfPresent(setting.name);
     if (value && setting.kind == SettingKind::boolean && value->isInteger()) *value = value->asInteger() != 0;
-    return value;
+    const bool isNamedFile = value && setting.kind == SettingKind::imageFile && value->isString();
+    return isNamedFile ? std::nullopt : value;
 }
 
 }  // namespace

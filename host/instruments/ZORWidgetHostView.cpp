@@ -159,10 +159,11 @@ bool ZORWidgetHostView::initWithCoder(Decoder& decoder) {
     const Value target = decoder.decodeValue("targetView");
     // Archives hold thousands: the class record tells without a cast through all the levels.
     const bool isInstrument = target.isObject() && target.asObject()->isKindOf(ZORInstrumentView::staticClass());
-    if (!isInstrument) return true;
-    const auto instrument = std::static_pointer_cast<ZORInstrumentView>(target.asObject());
-    // A file may give many widgets the same one, which would move from each to the next with all that is below it.
-    if (!instrument->superview()) setTargetView(instrument);
+    if (isInstrument) {
+        // Nobody below is told: a file may nest widgets deeply, and give many of them the same instrument.
+        restoreSubviews({std::static_pointer_cast<ZORInstrumentView>(target.asObject())});
+        layout();
+    }
     return true;
 }
 

@@ -47,17 +47,17 @@ std::shared_ptr<Property> PropertyDictionary::objectForAnyKey(std::initializer_l
 
 void PropertyDictionary::add(std::shared_ptr<Property> property) {
     if (!property) return;
-    const auto [found, isNew] = places_.try_emplace(property->propertyName(), properties_.size());
-    if (isNew) {
-        properties_.push_back(std::move(property));
-    } else {
-        properties_[found->second] = std::move(property);
-    }
+    // Not by the name of one that is about to leave.
+    const auto present = places_.extract(property->propertyName());
+    const std::size_t place = present ? present.mapped() : properties_.size();
+    if (!present) properties_.emplace_back();
+    properties_[place] = std::move(property);
+    places_.emplace(properties_[place]->propertyName(), place);
 }
 
 void PropertyDictionary::clear() {
-    properties_.clear();
     places_.clear();
+    properties_.clear();
 }
 
 const ClassRecord& Agent::staticClass() {

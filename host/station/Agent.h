@@ -31,8 +31,8 @@ public:
 
 private:
     std::vector<std::shared_ptr<Property>> properties_;
-    /// Places in the list by name: a file may bring any number of them.
-    std::map<std::string, std::size_t, std::less<>> places_;
+    /// Places in the list by name, which is the property's own: a file may bring any number of them.
+    std::map<std::string_view, std::size_t> places_;
 };
 
 /// How a site reaches its station; stored with the Site Document.

@@ -35,7 +35,7 @@ public:
     Property() = default;
     Property(std::string name, std::string displayName, Quantity quantity);
 
-    std::string propertyName() const { return name_; }
+    const std::string& propertyName() const { return name_; }
     bool hasName(std::string_view name) const { return name_ == name; }
     std::string displayName() const { return displayName_; }
     Quantity quantity() const { return quantity_; }

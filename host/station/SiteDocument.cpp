@@ -189,7 +189,7 @@ void SiteDocument::encodeWithCoder(Encoder& encoder) {
 bool SiteDocument::initWithCoder(Decoder& decoder) {
     if (!Object::initWithCoder(decoder)) return false;
     const auto controller = std::dynamic_pointer_cast<SiteWindowController>(decoder.context("siteWindowController"));
-    // One to a file: many could share plug-ins, each of which would show them.
+    // A file holds one Site Document: many could have the same plug-ins, and each would show one.
     if (!controller || controller->document()) return false;
     adopt(decoder.decodeObject<Agent>("agent"), controller);
     if (!agent_) fault_ = "agent: the Site Document has none";

@@ -54,6 +54,8 @@ public:
     /// Appends children read back, with the order stored and without what addSubview does beside; they are told of
     /// nothing before the whole tree enters another. A view that has a parent or is the root of this tree is left out.
     void restoreSubviews(std::vector<std::shared_ptr<View>> views);
+    /// Whether a child read back may be the view's.
+    virtual bool mayRestore(const View& /*child*/) const { return true; }
 
     bool isHidden() const { return hidden_; }
     void setHidden(bool hidden);

@@ -118,7 +118,7 @@ void View::restoreSubviews(std::vector<std::shared_ptr<View>> views) {
     const View& top = root();
     const auto first = subviews().size();
     for (auto& view : views) {
-        if (!view || view->superview_ || view->window_ || view.get() == &top) continue;
+        if (!view || view->superview_ || view->window_ || view.get() == &top || !mayRestore(*view)) continue;
         view->superview_ = this;
         subviews_.push_back(std::move(view));
     }

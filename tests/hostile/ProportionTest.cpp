@@ -182,7 +182,7 @@ TEST(Proportion, ViewsThatShareTheirChildren) {
                                      [](ArchiveBuilder& archive, Number arrayClass, std::size_t count) {
                                          return archive.array(arrayClass, copiesOf(archive, count, "View"));
                                      });
-    EXPECT_TRUE(fault.ends_with(" shares its entries with others out of proportion")) << fault;
+    EXPECT_TRUE(fault.ends_with(" is given entries that others are given too, out of proportion")) << fault;
 }
 
 TEST(Proportion, InstrumentsThatShareThresholds) {
@@ -191,7 +191,7 @@ TEST(Proportion, InstrumentsThatShareThresholds) {
                       [](ArchiveBuilder& archive, Number arrayClass, std::size_t count) {
                           return archive.array(arrayClass, std::vector<Number>(count, archive.text("#ff0000")));
                       });
-    EXPECT_TRUE(fault.ends_with(" shares its entries with others out of proportion")) << fault;
+    EXPECT_TRUE(fault.ends_with(" is given entries that others are given too, out of proportion")) << fault;
 }
 
 TEST(Proportion, LabelsThatShareAFontOfALongName) {
@@ -203,7 +203,7 @@ TEST(Proportion, LabelsThatShareAFontOfALongName) {
                 {{archive.text("family"), archive.text(std::string(1 << 20, 'F'))},
                  {archive.text("size"), archive.number(24)}});
         });
-    EXPECT_TRUE(fault.ends_with(" shares its entries with others out of proportion")) << fault;
+    EXPECT_TRUE(fault.ends_with(" is given entries that others are given too, out of proportion")) << fault;
 }
 
 TEST(Proportion, AMillionTimesTheSameDashboardAndWidget) {
