@@ -12,8 +12,8 @@ namespace {
 std::optional<Value> storedValue(Decoder& decoder, const Setting& setting) {
     auto value = decoder.decodeValueIfPresent(setting.name);
     if (value && setting.kind == SettingKind::boolean && value->isInteger()) *value = value->asInteger() != 0;
-    const bool isNamedFile = value && setting.kind == SettingKind::imageFile && value->isString();
-    return isNamedFile ? std::nullopt : value;
+    if (value && setting.kind == SettingKind::imageFile && value->isString()) value.reset();
+    return value;
 }
 
 }  // namespace

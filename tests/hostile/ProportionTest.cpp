@@ -159,6 +159,62 @@ TEST(Proportion, DashboardsThatShareACanvas) {
     });
 }
 
+TEST(Proportion, DeeplyNestedWidgets) {
+    expectProportion("deeply nested widgets", 20'000, [](std::size_t count) {
+        constexpr int levels = 100;
+        ArchiveBuilder archive;
+        const Number arrayClass = archive.classOf("NSArray");
+        const Number widgetClass = archive.classOf("ZORWidgetHostView");
+        const Number boxClass = archive.classOf("ZORBoxView");
+        auto below = copiesOf(archive, count, "ZORLEDView", {{"propertyName", archive.uid(archive.text("rain"))}});
+        for (int level = 0; level < levels; ++level) {
+            const auto children = archive.uid(archive.array(arrayClass, below));
+            const Number box = archive.object(boxClass, {{"subviews", children}});
+            below = {archive.object(widgetClass, {{"targetView", archive.uid(box)}})};
+        }
+        const Number dashboard = dashboardOf(archive, arrayClass, below);
+        return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, {dashboard}));
+    });
+}
+
+TEST(Proportion, CanvasesThatShareAChildThatIsNoWidget) {
+    expectProportion("canvases that share a child that is no widget", 20'000, [](std::size_t count) {
+        ArchiveBuilder archive;
+        const Number arrayClass = archive.classOf("NSArray");
+        const auto lights = archive.uid(archive.array(
+            arrayClass, copiesOf(archive, count, "ZORLEDView", {{"propertyName", archive.uid(archive.text("rain"))}})));
+        const Number box = archive.object(archive.classOf("ZORBoxView"), {{"subviews", lights}});
+        const auto children = archive.uid(archive.array(arrayClass, {box}));
+        std::vector<Number> widgets;
+        const Number widgetClass = archive.classOf("ZORWidgetHostView");
+        for (const Number canvas : copiesOf(archive, count, "ZORDashboardEditView", {{"subviews", children}})) {
+            widgets.push_back(archive.object(widgetClass, {{"targetView", archive.uid(canvas)}}));
+        }
+        const Number dashboard = dashboardOf(archive, arrayClass, widgets);
+        return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, {dashboard}));
+    });
+}
+
+TEST(Proportion, StationsThatShareAPropertyOfALongName) {
+    constexpr std::size_t count = 2'000;
+    ArchiveBuilder archive;
+    const Number arrayClass = archive.classOf("NSArray");
+    const auto name = archive.uid(archive.text(std::string(1 << 20, 'p')));
+    const Number property = archive.object(archive.classOf("ZORProperty"), {{"name", name}});
+    const auto properties = archive.uid(archive.array(arrayClass, {property}));
+    const Number plugInClass = archive.classOf("ZORDashboardPlugIn");
+    std::vector<Number> dashboards;
+    for (const Number agent : copiesOf(archive, count, "ZORAgent", {{"properties", properties}})) {
+        dashboards.push_back(archive.object(plugInClass, {{"agent", archive.uid(agent)}}));
+    }
+    const Bytes data =
+        siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, dashboards));
+    const TimeLimit limit("stations that share a property", secondsAtMost);
+    const MemoryMeter meter;
+    EXPECT_TRUE(SiteDocument::fromArchive(data, {}));
+    EXPECT_LT(meter.peak(), std::size_t{256} << 20);
+}
+
 /// The fault of a Site Document whose dashboards' canvas holds objects of that class, all with the same value under the
 /// key.
 std::string faultOfShared(const char* what, std::string_view className, std::string_view key,

@@ -122,6 +122,21 @@ TEST(InstrumentSettings, AFormatIsOneOfThoseOffered) {
     EXPECT_EQ(field.propertyFormat(), "unitStringValue");
 }
 
+TEST(InstrumentSettings, AnArchiveNamesNoFileOfTheComputer) {
+    FakeToolkit::install();
+    const test::TemporaryFolder folder;
+    const Bytes picture = FakeToolkit::imageData({320, 200});
+    const auto file = folder.write("picture.png", std::string(picture.begin(), picture.end()));
+    test::DictionaryCoder named({{"image", file.string()}});
+    ZORImageView view;
+    EXPECT_TRUE(view.initWithCoder(named));
+    EXPECT_FALSE(view.image());
+    test::DictionaryCoder held({{"image", Image::plain({7, 8})}});
+    EXPECT_TRUE(view.initWithCoder(held));
+    ASSERT_TRUE(view.image());
+    EXPECT_EQ(view.image()->size(), (Size{7, 8}));
+}
+
 TEST(InstrumentSettings, AnImageIsAFileASizeAnImageOrNone) {
     FakeToolkit::install();
     const test::TemporaryFolder folder;
