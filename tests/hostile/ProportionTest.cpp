@@ -42,6 +42,12 @@ Number dashboardOf(ArchiveBuilder& archive, Number arrayClass, const std::vector
     return archive.object(archive.classOf("ZORDashboardPlugIn"), {{"editView", archive.uid(canvas)}});
 }
 
+/// A Site Document of one dashboard with these widgets, whose station has no properties.
+Bytes siteWithCanvasOf(ArchiveBuilder& archive, Number arrayClass, const std::vector<Number>& widgets) {
+    const Number dashboard = dashboardOf(archive, arrayClass, widgets);
+    return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, {dashboard}));
+}
+
 TEST(Proportion, Dashboards) {
     expectProportion("dashboards", 50'000, [](std::size_t count) {
         ArchiveBuilder archive;
@@ -140,8 +146,7 @@ TEST(Proportion, WidgetsThatShareACanvas) {
         const Number below = archive.array(arrayClass, copiesOf(archive, count, "ZORWidgetHostView"));
         const Number target = archive.object(archive.classOf("ZORImageView"), {{"subviews", archive.uid(below)}});
         const auto widgets = copiesOf(archive, count, "ZORWidgetHostView", {{"targetView", archive.uid(target)}});
-        const Number dashboard = dashboardOf(archive, arrayClass, widgets);
-        return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, {dashboard}));
+        return siteWithCanvasOf(archive, arrayClass, widgets);
     });
 }
 
@@ -172,8 +177,7 @@ TEST(Proportion, DeeplyNestedWidgets) {
             const Number box = archive.object(boxClass, {{"subviews", children}});
             below = {archive.object(widgetClass, {{"targetView", archive.uid(box)}})};
         }
-        const Number dashboard = dashboardOf(archive, arrayClass, below);
-        return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, {dashboard}));
+        return siteWithCanvasOf(archive, arrayClass, below);
     });
 }
 
@@ -190,8 +194,7 @@ TEST(Proportion, CanvasesThatShareAChildThatIsNoWidget) {
         for (const Number canvas : copiesOf(archive, count, "ZORDashboardEditView", {{"subviews", children}})) {
             widgets.push_back(archive.object(widgetClass, {{"targetView", archive.uid(canvas)}}));
         }
-        const Number dashboard = dashboardOf(archive, arrayClass, widgets);
-        return siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, {dashboard}));
+        return siteWithCanvasOf(archive, arrayClass, widgets);
     });
 }
 
@@ -223,9 +226,8 @@ std::string faultOfShared(const char* what, std::string_view className, std::str
     ArchiveBuilder archive;
     const Number arrayClass = archive.classOf("NSArray");
     const auto shared = archive.uid(make(archive, arrayClass, count));
-    const Number dashboard = dashboardOf(archive, arrayClass, copiesOf(archive, count, className, {{key, shared}}));
     const Bytes data =
-        siteOf(archive, arrayClass, archive.array(arrayClass, {}), archive.array(arrayClass, {dashboard}));
+        siteWithCanvasOf(archive, arrayClass, copiesOf(archive, count, className, {{key, shared}}));
     const TimeLimit limit(what, secondsAtMost);
     const MemoryMeter meter;
     const auto status = openSite(data);
